@@ -1,0 +1,32 @@
+// The one blocking point of the user-interface thread, key reading with dimming and idle time-out, and the
+// modal run of frames.
+#pragma once
+
+#include <sys/time.h>
+
+namespace Tarn {
+
+class Frame;
+class Window;
+
+// Thrown by GetKey when the idle time-out expires; the screen that opened the session logs the user out.
+struct TarnTimeout {};
+
+void StartSignalThread();
+int WaitForInput(const timeval* timeout);
+int GetKey(Window* window, bool useIdleTimeout);
+int RunWindow(Frame* frame);
+
+void LoadIdleTimeout();
+unsigned IdleTimeoutSeconds();
+void SetSessionActive(bool active);
+bool SessionActive();
+bool RestartPending();
+
+void InitColors();
+void DefineKeys();
+// Curses attribute for a background/foreground colour pair (A_STANDOUT/A_NORMAL in monochrome mode).
+unsigned long ColorAttr(int background, int foreground);
+bool Monochrome();
+
+} // namespace Tarn

@@ -1,0 +1,123 @@
+// The window tree: Window owns a curses window and its children; Frame can be run modally by RunWindow and
+// sits on a parent frame; Dialog is a centred frame with the two-pane look; RootWindow a full-screen frame.
+// Curses types stay out of this header (only ui/ and core/ .cpp files include <curses.h>).
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+typedef struct _win_st WINDOW;
+
+namespace Tarn {
+
+class StringFactory;
+class TextArea;
+
+class Window {
+public:
+    // Top-level window: newwin(height, width, row, column).
+    Window(int column, int row, int width, int height, int background, int foreground);
+    // Child window: position relative to `parent`, colours of -1 taken from the parent; appended to its
+    // children (the parent owns it from then on).
+    Window(Window* parent, int column, int row, int width, int height, int background, int foreground);
+    virtual ~Window();
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    virtual void Draw(bool active);
+
+    void Refresh();
+    void Redraw();
+    void Print(int column, int row, const std::string& text);
+    void SetColors(int background, int foreground);
+    void MoveCursor(int column, int row);
+    static void ShowCursor(bool visible);
+
+    // Creates a child of type T owned by this window; returns a non-owning pointer.
+    template <class T, class... Args> T* AddChild(Args&&... args) {
+        return new T(this, std::forward<Args>(args)...);
+    }
+
+    WINDOW* Curses() const { return win_; }
+    Window* Parent() const { return parent_; }
+    int Column() const { return column_; }
+    int Row() const { return row_; }
+    int Width() const { return width_; }
+    int Height() const { return height_; }
+    int Background() const { return background_; }
+    int Foreground() const { return foreground_; }
+    bool Active() const { return active_; }
+    bool IsTopLevel() const { return parent_ == nullptr; }
+
+protected:
+    // Saved cursor state while the window is inactive.
+    int savedCursorVisible_ = 0;
+    int savedCursorColumn_ = 0;
+    int savedCursorRow_ = 0;
+
+    Window* parent_ = nullptr;
+    WINDOW* win_ = nullptr; // may be null when curses refused the window (e.g. larger than the screen)
+    int column_ = 0, row_ = 0, width_ = 0, height_ = 0;
+    int background_ = -1, foreground_ = -1;
+    std::vector<Window*> children_; // owned
+    bool active_ = true;
+
+private:
+    void Detach(Window* child);
+};
+
+class Frame : public Window {
+public:
+    Frame(Frame* parentFrame, int column, int row, int width, int height, int background, int foreground);
+
+    // The key loop; the result is what RunWindow returns.
+    virtual int Foreground() = 0;
+    // Called on SIGUSR1 while this frame is the current window.
+    virtual void Notification() {}
+    // False only for frames whose run RunWindow builds in (a plain NotificationDialog).
+    virtual bool HasForeground() const { return true; }
+
+    Frame* ParentFrame() const { return parentFrame_; }
+    const StringFactory& Strings() const { return *strings_; }
+    const char* Text(unsigned id) const;
+
+protected:
+    Frame* parentFrame_;
+    StringFactory* strings_;
+};
+
+class Dialog : public Frame {
+public:
+    // Centred W x H frame, top pane `splitRow` rows high.
+    Dialog(Frame* parentFrame, int width, int height, int splitRow);
+
+    void Draw(bool active) override;
+
+    void SetTitle(const std::string& markup);
+    void SetBody(const std::string& markup);
+    void SetFooter(const std::string& markup);
+
+    Window* TopPane() const { return top_; }
+    Window* BottomPane() const { return bottom_; }
+    Window* ContentPane() const { return content_; } // null when the bottom pane is at most 4 rows high
+    TextArea* TitleArea() const { return title_; }
+    TextArea* BodyArea() const { return body_; }
+    TextArea* FooterArea() const { return footer_; }
+
+protected:
+    Window* top_ = nullptr;
+    Window* bottom_ = nullptr;
+    Window* content_ = nullptr;
+    TextArea* title_ = nullptr;
+    TextArea* body_ = nullptr;
+    TextArea* footer_ = nullptr;
+};
+
+// Full-screen frame for menus (System Customization).
+class RootWindow : public Frame {
+public:
+    explicit RootWindow(Frame* parentFrame);
+};
+
+} // namespace Tarn
