@@ -1,0 +1,22 @@
+// Access of the sim backends to the simulated host's state: reads and transactions on host.json whose
+// failures arrive as HostCtl::Lib::HostCtlException, like every other host-control failure.
+#pragma once
+
+#include "simhost/model/Store.h"
+
+#include <functional>
+
+namespace Platform::Sim {
+
+using Json = SimHost::Json;
+
+// The whole state of the simulated host at the host root.
+Json Load();
+// Runs `change` in one transaction; returns the stored state.
+Json Change(const std::function<void(Json&)>& change);
+
+// Reads `pointer` (a JSON pointer such as "/dns/hostname") from a state, throwing HostCtlException
+// "simulated host: missing <pointer>" when it is absent.
+const Json& At(const Json& state, const char* pointer);
+
+} // namespace Platform::Sim
