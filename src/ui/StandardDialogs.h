@@ -1,0 +1,84 @@
+// The ready-made dialogs for simple messages: a notification (title and body markup), a message whose title
+// is a catalogue text, and an information dialog with a longer text in its content pane. All close on Enter.
+#pragma once
+
+#include "ui/Window.h"
+
+#include <string>
+
+namespace Tarn {
+
+// Key hint of a dialog that is closed with Enter.
+inline constexpr const char* kEnterOkFooter =
+    "{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}{/align}";
+
+struct DialogSize {
+    int width;
+    int height;
+    int splitRow;
+};
+
+// Size of a notification or message dialog: wide enough for the title and the longest body line (40 to 72
+// columns), a top pane tall enough for the wrapped body, and a 3-row bottom pane for the footer. Screen
+// sizes of 0 mean unknown; otherwise the dialog is kept within them.
+DialogSize MessageDialogSize(const std::string& title, const std::string& body, int screenColumns,
+                             int screenRows);
+
+// Reads keys for `window` (with the idle timeout) until Enter and returns 1; TarnTimeout passes through.
+int WaitForEnter(Window* window);
+
+// Built in to RunWindow: HasForeground() is false, and RunWindow may either call Foreground() or run the
+// same Enter loop itself with TitleText()/BodyText(). A subclass that brings its own key loop must return
+// true from HasForeground().
+class NotificationDialog : public Dialog {
+public:
+    NotificationDialog(Frame* parentFrame, std::string title, std::string body);
+
+    int Foreground() override;
+    bool HasForeground() const override { return false; }
+
+    const std::string& TitleText() const { return titleText_; }
+    const std::string& BodyText() const { return bodyText_; }
+
+private:
+    NotificationDialog(Frame* parentFrame, DialogSize size, std::string title, std::string body);
+
+    std::string titleText_;
+    std::string bodyText_;
+};
+
+class MessageDialog : public Dialog {
+public:
+    MessageDialog(Frame* parentFrame, unsigned titleId, std::string body);
+
+    int Foreground() override;
+
+    unsigned TitleId() const { return titleId_; }
+    const std::string& BodyText() const { return bodyText_; }
+
+private:
+    MessageDialog(Frame* parentFrame, DialogSize size, unsigned titleId, std::string body);
+
+    unsigned titleId_;
+    std::string bodyText_;
+};
+
+// 70 x 15 with a 5-row top pane; the information text fills the content pane in the pane's colours.
+class InfoDialog : public Dialog {
+public:
+    static constexpr int kWidth = 70;
+    static constexpr int kHeight = 15;
+    static constexpr int kSplitRow = 5;
+
+    InfoDialog(Frame* parentFrame, const std::string& information, const std::string& title,
+               const std::string& body, const std::string& footer);
+
+    int Foreground() override;
+
+    TextArea* InformationArea() const { return information_; }
+
+private:
+    TextArea* information_ = nullptr;
+};
+
+} // namespace Tarn
