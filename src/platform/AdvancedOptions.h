@@ -36,6 +36,15 @@ private:
     std::string value_;
 };
 
+class AdvancedBooleanOption : public AdvancedOption {
+public:
+    AdvancedBooleanOption(std::string path, bool value) : AdvancedOption(std::move(path)), value_(value) {}
+    bool GetValue() const { return value_; }
+
+private:
+    bool value_;
+};
+
 } // namespace HostCtl::Adv
 
 namespace TesCtl::Adv {
@@ -45,6 +54,7 @@ class AdvancedOptionImpl {
 public:
     // Null when no option has that path.
     std::unique_ptr<HostCtl::Adv::AdvancedOption> FindOption(const std::string& path);
+    // Throws when the option does not exist or is not an integer option.
     void SetIntegerOption(const std::string& path, int64_t value);
 };
 
