@@ -2,27 +2,12 @@
 // is a catalogue text, and an information dialog with a longer text in its content pane. All close on Enter.
 #pragma once
 
+#include "ui/DialogSize.h"
 #include "ui/Window.h"
 
 #include <string>
 
 namespace Tarn {
-
-// Key hint of a dialog that is closed with Enter.
-inline constexpr const char* kEnterOkFooter =
-    "{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}{/align}";
-
-struct DialogSize {
-    int width;
-    int height;
-    int splitRow;
-};
-
-// Size of a notification or message dialog: wide enough for the title and the longest body line (40 to 72
-// columns), a top pane tall enough for the wrapped body, and a 3-row bottom pane for the footer. Screen
-// sizes of 0 mean unknown; otherwise the dialog is kept within them.
-DialogSize MessageDialogSize(const std::string& title, const std::string& body, int screenColumns,
-                             int screenRows);
 
 // Reads keys for `window` (with the idle timeout) until Enter and returns 1; TarnTimeout passes through.
 int WaitForEnter(Window* window);
