@@ -16,6 +16,14 @@ std::string Words(int count) { // "word word ... word": 4 letters and one blank 
     return s;
 }
 
+std::string Repeat(const std::string& piece, int count) {
+    std::string s;
+    for (int i = 0; i < count; ++i) {
+        s += piece;
+    }
+    return s;
+}
+
 TEST(DialogSize, FollowsTitleAndBody) {
     const struct {
         const char* name;
@@ -31,6 +39,7 @@ TEST(DialogSize, FollowsTitleAndBody) {
         {"markup is not measured", "", "{color:red}" + std::string(50, 'y') + "{/color}", 0, 0, {56, 8, 5}},
         {"unclosed tag hides the rest", "", "ok {color:red " + std::string(80, 'z'), 0, 0, {40, 8, 5}},
         {"word longer than a line is split", "", std::string(150, 'x'), 0, 0, {72, 10, 7}},
+        {"multi-byte characters take one cell each", "", Repeat("\u00e9", 50), 0, 0, {56, 8, 5}},
         {"title sets the width", std::string(60, 't'), "b", 0, 0, {66, 8, 5}},
         // 44-column body area: 9 words a line, 4 lines
         {"narrow screen", "T", Words(30), 50, 0, {50, 11, 8}},
