@@ -1,0 +1,157 @@
+// The wait on terminal and wake-up pipe, key reading with dimming and idle time-out, signal handling on the
+// user-interface thread, and the modal run of frames.
+#include "core/EventLoop.h"
+
+#include "core/IdleDeadline.h"
+#include "core/Log.h"
+#include "core/Session.h"
+#include "core/SignalThread.h"
+#include "core/SmartCardWatch.h"
+#include "ui/StandardDialogs.h"
+#include "ui/Window.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <curses.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace Tarn {
+namespace {
+// The innermost frame being run modally; receives the SIGUSR1 notification.
+Frame* gCurrentWindow = nullptr;
+
+// A resize always ends the program: the supervisor starts it again at the new size.
+[[noreturn]] void ResizeAndExit() {
+    winsize size{};
+    if (ioctl(0, TIOCGWINSZ, &size) == 0 && size.ws_row != 0 && size.ws_col != 0) {
+        resizeterm(size.ws_row, size.ws_col);
+        Log(LOG_INFO, "Resized window to %dx%d", size.ws_col, size.ws_row);
+        refresh();
+    }
+    exit(0);
+}
+
+int RunNotification(NotificationDialog* dialog) {
+    while (GetKey(dialog, true) != 10) {
+    }
+    return 1;
+}
+} // namespace
+
+int WaitForInput(const timeval* timeout) {
+    pollfd fds[2] = {{0, POLLIN, 0}, {WakePipeReadEnd(), POLLIN, 0}};
+    int ms = timeout ? static_cast<int>(timeout->tv_sec * 1000 + timeout->tv_usec / 1000) : -1;
+    int rc = poll(fds, 2, ms);
+    if (rc < 0) {
+        LogErrno("poll() failed");
+        return kWaitOther;
+    }
+    if (rc == 0)
+        return kWaitTimeout;
+    // The terminal first: a key wins over a signal that arrived in the same round.
+    if (fds[0].revents & POLLIN) {
+        wtimeout(stdscr, 0);
+        int key = wgetch(stdscr);
+        wtimeout(stdscr, -1);
+        return key;
+    }
+    if (fds[1].revents & POLLIN) {
+        unsigned char byte = 0;
+        while (read(fds[1].fd, &byte, 1) < 1 && errno == EINTR) {
+        }
+        return WaitResultForWakeByte(byte);
+    }
+    return kWaitOther;
+}
+
+int GetKey(Window* window, bool useIdleTimeout) {
+    IdleDeadline deadline(IdleDeadline::Clock::now(), IdleTimeoutSeconds(), useIdleTimeout);
+    for (;;) {
+        auto now = IdleDeadline::Clock::now();
+        if (deadline.Expired(now)) {
+            gCurrentWindow = nullptr;
+            throw TarnTimeout{};
+        }
+        if (deadline.DimDue(now)) {
+            if (window != nullptr) {
+                window->Draw(false);
+                window->Refresh();
+            }
+            deadline.MarkDimmed();
+        }
+        int input;
+        if (auto wait = deadline.WaitTime(IdleDeadline::Clock::now())) {
+            timeval tv = ToTimeval(*wait);
+            input = WaitForInput(&tv);
+        } else {
+            input = WaitForInput(nullptr);
+        }
+
+        if (input == KEY_RESIZE || input == kWaitResize)
+            ResizeAndExit();
+        switch (input) {
+        case kWaitNotify:
+            if (gCurrentWindow != nullptr)
+                gCurrentWindow->Notification();
+            CheckSmartCard();
+            continue;
+        case kWaitRestart:
+            if (!SessionActive())
+                exit(0);
+            SetRestartPending(true);
+            continue;
+        case kWaitTerminate:
+            exit(0);
+        default:
+            break;
+        }
+        if (input < 0)
+            continue;
+        if (deadline.Dimmed() && window != nullptr) {
+            clearok(curscr, TRUE);
+            window->Draw(true);
+            window->Refresh();
+        }
+        return input;
+    }
+}
+
+int RunWindow(Frame* frame) {
+    gCurrentWindow = nullptr;
+    Frame* parent = frame->ParentFrame();
+    if (parent != nullptr) {
+        parent->Draw(false);
+        parent->Refresh();
+    }
+    // A plain notification's run is built in; its texts go in before the first draw.
+    auto* notification = frame->HasForeground() ? nullptr : dynamic_cast<NotificationDialog*>(frame);
+    if (notification != nullptr) {
+        notification->SetTitle(notification->TitleText());
+        notification->SetBody(notification->BodyText());
+        notification->SetFooter(kEnterOkFooter);
+    }
+    frame->Draw(true);
+    gCurrentWindow = frame;
+
+    int result;
+    try {
+        result = notification != nullptr ? RunNotification(notification) : frame->Foreground();
+    } catch (...) {
+        // The frame is going away with the exception (idle time-out, host failure): never notify it again.
+        gCurrentWindow = nullptr;
+        throw;
+    }
+
+    if (parent != nullptr) {
+        parent->Draw(true);
+        parent->Refresh();
+        gCurrentWindow = parent;
+    } else {
+        gCurrentWindow = nullptr;
+    }
+    return result;
+}
+
+} // namespace Tarn

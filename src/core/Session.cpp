@@ -1,0 +1,101 @@
+// Storage of the session values, the session flag and the idle time-out read from the host.
+#include "core/Session.h"
+
+#include "core/EventLoop.h"
+#include "core/IdleDeadline.h"
+#include "platform/AdvancedOptions.h"
+#include "platform/HostCtlException.h"
+
+namespace Tarn {
+namespace {
+std::string gLoggedInUser;
+bool gEmptyPassword = false;
+std::string gSmartCardLoginId;
+bool gKeyboardChoice = false;
+std::string gSmartCardUser;
+std::string gSmartCardSessionUser;
+bool gSmartCardSession = false;
+bool gRestartPending = false;
+bool gLocalConsole = false;
+bool gSessionActive = false;
+unsigned gIdleTimeoutSeconds = kDefaultIdleTimeoutSeconds;
+} // namespace
+
+const std::string& LoggedInUser() {
+    return gLoggedInUser;
+}
+void SetLoggedInUser(const std::string& user) {
+    gLoggedInUser = user;
+}
+bool EmptyPassword() {
+    return gEmptyPassword;
+}
+void SetEmptyPassword(bool empty) {
+    gEmptyPassword = empty;
+}
+const std::string& SmartCardLoginId() {
+    return gSmartCardLoginId;
+}
+void SetSmartCardLoginId(const std::string& id) {
+    gSmartCardLoginId = id;
+}
+bool KeyboardChoice() {
+    return gKeyboardChoice;
+}
+void SetKeyboardChoice(bool chosen) {
+    gKeyboardChoice = chosen;
+}
+const std::string& SmartCardUser() {
+    return gSmartCardUser;
+}
+void SetSmartCardUser(const std::string& userId) {
+    gSmartCardUser = userId;
+}
+const std::string& SmartCardSessionUser() {
+    return gSmartCardSessionUser;
+}
+bool SmartCardSession() {
+    return gSmartCardSession;
+}
+void SetSmartCardSessionState(const std::string& userId, bool cardPresent) {
+    gSmartCardSessionUser = userId;
+    gSmartCardSession = cardPresent;
+}
+bool RestartPending() {
+    return gRestartPending;
+}
+void SetRestartPending(bool pending) {
+    gRestartPending = pending;
+}
+bool LocalConsole() {
+    return gLocalConsole;
+}
+void SetLocalConsole(bool local) {
+    gLocalConsole = local;
+}
+
+bool SessionActive() {
+    return gSessionActive;
+}
+void SetSessionActive(bool active) {
+    gSessionActive = active;
+    // A time-out changed during the previous session applies from the next login.
+    if (active)
+        LoadIdleTimeout();
+}
+
+unsigned IdleTimeoutSeconds() {
+    return gIdleTimeoutSeconds;
+}
+
+void LoadIdleTimeout() {
+    try {
+        TesCtl::Adv::AdvancedOptionImpl options;
+        auto option = options.FindOption("/UserVars/TarnTimeOut");
+        gIdleTimeoutSeconds = IdleTimeoutFromOption(option.get());
+    } catch (const HostCtl::Lib::HostCtlException&) {
+        gIdleTimeoutSeconds = kDefaultIdleTimeoutSeconds;
+    }
+}
+
+} // namespace Tarn
