@@ -1,0 +1,27 @@
+// Wiring of the console's launch: its path, its host and its environment.
+#include "harness/Console.h"
+
+#include "harness/Paths.h"
+
+namespace e2e {
+
+LaunchOptions Console::Launch(const SimHost& host, const ConsoleOptions& o) {
+    LaunchOptions l;
+    l.program = BuildDir() + "/tarn";
+    l.args = o.args;
+    l.term = o.term;
+    l.rows = o.rows;
+    l.cols = o.cols;
+    l.env = o.env;
+    l.env["TARN_HOST"] = host.HostSpec();
+    return l;
+}
+
+Console::Console(const ConsoleOptions& o)
+    : owned_(std::make_unique<SimHost>(o.scenario)), host_(owned_.get()),
+      term_(std::make_unique<Terminal>(Launch(*host_, o))) {}
+
+Console::Console(SimHost& host, const ConsoleOptions& o)
+    : host_(&host), term_(std::make_unique<Terminal>(Launch(host, o))) {}
+
+} // namespace e2e

@@ -1,0 +1,37 @@
+// The console under test: a fresh simulated host plus ./tarn started against it in a pseudo-terminal.
+#pragma once
+
+#include "harness/SimHost.h"
+#include "harness/Terminal.h"
+
+#include <memory>
+
+namespace e2e {
+
+struct ConsoleOptions {
+    std::string scenario = "default";
+    std::optional<std::string> term = "xterm-256color"; // nullopt: TERM unset
+    int rows = 25, cols = 80;
+    std::vector<std::string> args;
+    std::map<std::string, std::optional<std::string>> env; // extra variables, e.g. SSH_CLIENT
+};
+
+class Console {
+public:
+    explicit Console(const ConsoleOptions& options = {});
+    // Starts the console against an existing host (for a second instance, or a prepared pid file).
+    Console(SimHost& host, const ConsoleOptions& options);
+
+    SimHost& Host() { return *host_; }
+    Terminal& Term() { return *term_; }
+    Terminal* operator->() { return term_.get(); }
+
+private:
+    static LaunchOptions Launch(const SimHost& host, const ConsoleOptions& options);
+
+    std::unique_ptr<SimHost> owned_;
+    SimHost* host_;
+    std::unique_ptr<Terminal> term_;
+};
+
+} // namespace e2e

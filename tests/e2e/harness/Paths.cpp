@@ -1,0 +1,25 @@
+// Build and output directories from the environment ctest sets.
+#include "harness/Paths.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace e2e {
+
+std::string BuildDir() {
+    if (const char* dir = std::getenv("TARN_BUILD_DIR"); dir && *dir)
+        return dir;
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+}
+
+std::string OutDir() {
+    std::string dir;
+    if (const char* env = std::getenv("TARN_E2E_OUT"); env && *env)
+        dir = env;
+    else
+        dir = BuildDir() + "/e2e-out";
+    std::filesystem::create_directories(dir);
+    return dir;
+}
+
+} // namespace e2e
