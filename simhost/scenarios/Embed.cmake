@@ -1,0 +1,26 @@
+# Writes OUT, a C++ source that holds every scenario file of DIR as a raw string literal, so that programs
+# linking simhost_model can create a host without the source tree.
+# Usage: cmake -DDIR=<scenarios dir> -DOUT=<file.cpp> -P Embed.cmake
+file(GLOB files "${DIR}/*.json")
+list(SORT files)
+set(body "// Generated from simhost/scenarios/*.json by Embed.cmake: do not edit.\n")
+string(APPEND body "#include \"simhost/model/ScenarioData.h\"\n\nnamespace SimHost {\n\n")
+string(APPEND body "const std::vector<ScenarioSource>& ScenarioSources() {\n")
+string(APPEND body "    static const std::vector<ScenarioSource> sources = {\n")
+foreach(f IN LISTS files)
+  get_filename_component(name "${f}" NAME_WE)
+  file(READ "${f}" text)
+  string(FIND "${text}" ")scenario\"" clash)
+  if(NOT clash EQUAL -1)
+    message(FATAL_ERROR "${f} holds the raw-string delimiter")
+  endif()
+  string(APPEND body "        {\"${name}\", R\"scenario(${text})scenario\"},\n")
+endforeach()
+string(APPEND body "    };\n    return sources;\n}\n\n} // namespace SimHost\n")
+# Only touch the output when it changed, so that unrelated reconfigures rebuild nothing.
+if(EXISTS "${OUT}")
+  file(READ "${OUT}" old)
+endif()
+if(NOT "${old}" STREQUAL "${body}")
+  file(WRITE "${OUT}" "${body}")
+endif()

@@ -1,0 +1,43 @@
+// Shared shape of the simulated host's tools: one call (host directory, tool name, arguments) handled by a
+// function that prints like the real tool and returns its exit code.
+#pragma once
+
+#include "simhost/model/Store.h"
+
+#include <string>
+#include <vector>
+
+namespace SimHost::Tools {
+
+struct Call {
+    std::string dir;               // the simulated host's root
+    std::string name;              // the tool's name, e.g. "kelp-cmd", "svcctl.sh", "CorlaShell"
+    std::vector<std::string> args; // the arguments after the name
+};
+
+using Handler = int (*)(const Call&);
+
+int KelpCmd(const Call& call);
+int CorlaCli(const Call& call);
+int AdvCfg(const Call& call);
+int HaltGuests(const Call& call);
+int Reboot(const Call& call);
+int Poweroff(const Call& call);
+int Tesping(const Call& call);
+int SvcCtl(const Call& call);
+int CfgSave(const Call& call);
+int ResetCfg(const Call& call);
+int InitScript(const Call& call);
+int TesBacktrace(const Call& call);
+int BrynCfgKswitch(const Call& call);
+
+// Value of option `flag` ("-v") in `args`, "" when absent.
+std::string Option(const std::vector<std::string>& args, const std::string& flag);
+
+// Finds the element of `array` whose "name" equals `name`; nullptr when none.
+Json* FindNamed(Json& array, const std::string& name);
+
+// Prints "<tool>: <text>" on standard error and returns `code`.
+int Complain(const Call& call, const std::string& text, int code = 1);
+
+} // namespace SimHost::Tools
