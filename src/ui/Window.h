@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 typedef struct _win_st WINDOW;
@@ -49,6 +50,7 @@ public:
     int Foreground() const { return foreground_; }
     bool Active() const { return active_; }
     bool IsTopLevel() const { return parent_ == nullptr; }
+    const std::vector<Window*>& Children() const { return children_; }
 
 protected:
     // Saved cursor state while the window is inactive.
@@ -114,10 +116,30 @@ protected:
     TextArea* footer_ = nullptr;
 };
 
-// Full-screen frame for menus (System Customization).
+// Full-screen frame for menus (System Customization): a left pane holding the list pane for an ItemList, and
+// a right pane with title, body and footer text areas describing the entry under the cursor.
 class RootWindow : public Frame {
 public:
     explicit RootWindow(Frame* parentFrame);
+
+    void SetTitle(const std::string& markup);
+    void SetBody(const std::string& markup);
+    void SetFooter(const std::string& markup);
+
+    Window* LeftPane() const { return left_; }
+    Window* ListPane() const { return list_; } // amber background, for the menu's ItemList
+    Window* RightPane() const { return right_; }
+    TextArea* TitleArea() const { return title_; }
+    TextArea* BodyArea() const { return body_; }
+    TextArea* FooterArea() const { return footer_; }
+
+protected:
+    Window* left_ = nullptr;
+    Window* list_ = nullptr;
+    Window* right_ = nullptr;
+    TextArea* title_ = nullptr;
+    TextArea* body_ = nullptr;
+    TextArea* footer_ = nullptr;
 };
 
 } // namespace Tarn

@@ -1,0 +1,246 @@
+// The window tree on top of curses: construction of top-level and child windows, drawing with the inactive
+// (dimmed) look, the process-wide cursor state, destruction of subtrees, and the Dialog and RootWindow
+// layouts. Curses may refuse a window (for example one that does not fit on the screen); every operation then
+// works on the object tree alone and skips the curses calls.
+#include "ui/Window.h"
+
+#include "core/EventLoop.h"
+#include "ui/ScreenUpdate.h"
+#include "ui/StringFactory.h"
+#include "ui/TextArea.h"
+
+#include <algorithm>
+#include <curses.h>
+
+namespace Tarn {
+namespace {
+
+// Where the terminal cursor is and whether it shows; kept in step by ShowCursor and MoveCursor.
+struct CursorState {
+    int visible = 0;
+    int column = 0;
+    int row = 0;
+};
+CursorState gCursor;
+
+int gUpdateDepth = 0;
+
+chtype BackgroundChar(int background, int foreground) {
+    return static_cast<chtype>(ColorAttr(background, foreground)) | ' ';
+}
+
+// Sends the staged contents to the terminal. The cursor goes to the recorded position when it is visible;
+// a hidden cursor is left where it is, which saves the bytes of moving it.
+void Flush() {
+    if (newscr == nullptr)
+        return; // curses not started
+    if (gCursor.visible) {
+        leaveok(newscr, FALSE);
+        wmove(newscr, gCursor.row, gCursor.column);
+    } else {
+        leaveok(newscr, TRUE);
+    }
+    doupdate();
+}
+
+} // namespace
+
+ScreenUpdate::ScreenUpdate() {
+    ++gUpdateDepth;
+}
+
+ScreenUpdate::~ScreenUpdate() {
+    if (--gUpdateDepth == 0)
+        Flush();
+}
+
+void ScreenUpdate::Stage(WINDOW* window) {
+    if (window == nullptr)
+        return;
+    touchwin(window);
+    wnoutrefresh(window);
+}
+
+Window::Window(int column, int row, int width, int height, int background, int foreground)
+    : column_(column), row_(row), width_(width), height_(height),
+      background_(background == -1 ? 0 : background), foreground_(foreground == -1 ? 7 : foreground) {
+    if (width > 0 && height > 0)
+        win_ = newwin(height, width, row, column);
+}
+
+Window::Window(Window* parent, int column, int row, int width, int height, int background, int foreground)
+    : parent_(parent), column_(parent->column_ + column), row_(parent->row_ + row), width_(width),
+      height_(height), background_(background == -1 ? parent->background_ : background),
+      foreground_(foreground == -1 ? parent->foreground_ : foreground) {
+    // A size of 0 would mean "up to the parent's edge" to curses; such a window is not wanted.
+    if (parent->win_ != nullptr && width > 0 && height > 0)
+        win_ = subwin(parent->win_, height, width, row_, column_);
+    parent->children_.push_back(this);
+}
+
+Window::~Window() {
+    // Each child takes itself out of children_ as it goes; curses refuses to delete a window with subwindows,
+    // so they must all be gone before delwin.
+    while (!children_.empty())
+        delete children_.back();
+    if (parent_ != nullptr)
+        parent_->Detach(this);
+    if (win_ != nullptr)
+        delwin(win_);
+}
+
+void Window::Detach(Window* child) {
+    children_.erase(std::remove(children_.begin(), children_.end(), child), children_.end());
+}
+
+void Window::Draw(bool active) {
+    ScreenUpdate update;
+    if (active) {
+        active_ = true;
+        if (win_ != nullptr)
+            wbkgd(win_, BackgroundChar(background_, foreground_));
+        for (Window* child : children_)
+            child->Draw(true);
+        ScreenUpdate::Stage(win_);
+        if (IsTopLevel()) {
+            ShowCursor(savedCursorVisible_ != 0);
+            if (savedCursorVisible_ != 0) {
+                gCursor.column = savedCursorColumn_;
+                gCursor.row = savedCursorRow_;
+                if (stdscr != nullptr)
+                    move(savedCursorRow_, savedCursorColumn_);
+            }
+        }
+    } else {
+        // Save only on the way from active to inactive: a second dimming must not save the hidden cursor.
+        if (IsTopLevel() && active_) {
+            savedCursorVisible_ = gCursor.visible;
+            savedCursorColumn_ = gCursor.column;
+            savedCursorRow_ = gCursor.row;
+            ShowCursor(false);
+        }
+        active_ = false;
+        if (win_ != nullptr)
+            wbkgd(win_, BackgroundChar(0, 6));
+        for (Window* child : children_)
+            child->Draw(false);
+        ScreenUpdate::Stage(win_);
+    }
+    // Keys typed before the window showed must not reach it.
+    if (stdscr != nullptr)
+        flushinp();
+}
+
+void Window::Refresh() {
+    ScreenUpdate update;
+    if (win_ != nullptr)
+        wtouchln(win_, 0, height_, 1);
+    ScreenUpdate::Stage(win_);
+}
+
+void Window::Redraw() {
+    if (win_ != nullptr)
+        wredrawln(win_, 0, height_);
+    for (Window* child : children_)
+        child->Redraw();
+}
+
+void Window::Print(int column, int row, const std::string& text) {
+    if (win_ == nullptr)
+        return;
+    wmove(win_, row, column);
+    waddnstr(win_, text.c_str(), -1);
+}
+
+void Window::SetColors(int background, int foreground) {
+    background_ = background == -1 && parent_ != nullptr ? parent_->background_ : background;
+    foreground_ = foreground == -1 && parent_ != nullptr ? parent_->foreground_ : foreground;
+    if (active_ && win_ != nullptr)
+        wbkgd(win_, BackgroundChar(background_, foreground_));
+    for (Window* child : children_)
+        child->SetColors(background, foreground);
+}
+
+void Window::MoveCursor(int column, int row) {
+    gCursor.column = column_ + column;
+    gCursor.row = row_ + row;
+    if (stdscr != nullptr)
+        move(gCursor.row, gCursor.column);
+}
+
+void Window::ShowCursor(bool visible) {
+    gCursor.visible = visible ? 1 : 0;
+    if (stdscr != nullptr)
+        curs_set(gCursor.visible);
+}
+
+Frame::Frame(Frame* parentFrame, int column, int row, int width, int height, int background, int foreground)
+    : Window(column, row, width, height, background, foreground), parentFrame_(parentFrame),
+      strings_(StringFactory::Get("en_US")) {}
+
+const char* Frame::Text(unsigned id) const {
+    return strings_ != nullptr ? strings_->GetString(id) : "";
+}
+
+Dialog::Dialog(Frame* parentFrame, int width, int height, int splitRow)
+    : Frame(parentFrame, (COLS - width) / 2, (LINES - height) / 2, width, height, 0, 7) {
+    if (win_ != nullptr)
+        werase(win_);
+    top_ = new Window(this, 0, 0, width, splitRow, 6, 7);
+    bottom_ = new Window(this, 0, splitRow, width, height - splitRow, 3, 7);
+    if (win_ != nullptr)
+        box(win_, 0, 0);
+    const int topWidth = top_->Width();
+    title_ = new TextArea(top_, 3, 1, topWidth - 6, 1, 7, -1);
+    body_ = new TextArea(top_, 3, 3, topWidth - 6, splitRow - 4, 2, -1);
+    const int bottomWidth = bottom_->Width();
+    const int bottomHeight = bottom_->Height();
+    footer_ = new TextArea(bottom_, 2, bottomHeight - 2, bottomWidth - 4, 1, 0, -1);
+    if (bottomHeight - 4 >= 1)
+        content_ = new Window(bottom_, 2, 1, bottomWidth - 4, bottomHeight - 4, 3, 6);
+}
+
+void Dialog::Draw(bool active) {
+    ScreenUpdate update;
+    // The frame underneath goes out in the same update, so that whatever a closed dialog left around this
+    // one is covered again.
+    if (active && parentFrame_ != nullptr)
+        ScreenUpdate::Stage(parentFrame_->Curses());
+    Window::Draw(active);
+}
+
+void Dialog::SetTitle(const std::string& markup) {
+    title_->SetText(markup);
+}
+void Dialog::SetBody(const std::string& markup) {
+    body_->SetText(markup);
+}
+void Dialog::SetFooter(const std::string& markup) {
+    footer_->SetText(markup);
+}
+
+RootWindow::RootWindow(Frame* parentFrame) : Frame(parentFrame, 0, 0, COLS, LINES, 0, 7) {
+    if (win_ != nullptr)
+        werase(win_);
+    // Left: the list of tasks on amber inside a dark frame; right: title, description and key hints.
+    const int leftWidth = std::max(width_ * 2 / 5, 0);
+    left_ = new Window(this, 0, 0, leftWidth, height_, 6, 7);
+    list_ = new Window(left_, 2, 1, leftWidth - 4, height_ - 2, 3, 0);
+    right_ = new Window(this, leftWidth, 0, width_ - leftWidth, height_, 0, 7);
+    const int rightWidth = right_->Width();
+    title_ = new TextArea(right_, 2, 1, rightWidth - 4, 1, 7, -1);
+    body_ = new TextArea(right_, 2, 3, rightWidth - 4, height_ - 6, 2, -1);
+    footer_ = new TextArea(right_, 2, height_ - 2, rightWidth - 4, 1, 2, -1);
+}
+
+void RootWindow::SetTitle(const std::string& markup) {
+    title_->SetText(markup);
+}
+void RootWindow::SetBody(const std::string& markup) {
+    body_->SetText(markup);
+}
+void RootWindow::SetFooter(const std::string& markup) {
+    footer_->SetText(markup);
+}
+
+} // namespace Tarn
