@@ -1,17 +1,7 @@
-// Parsers of the real-host backend, fed with text (no file of the machine is read), and the areas that
-// report themselves unavailable.
-#include "platform/AdvancedOptions.h"
-#include "platform/HostCtlException.h"
-#include "platform/HostRoot.h"
+// Parsers of the real-host backend, fed with text: no file of the machine is read.
 #include "platform/LinuxHost.h"
-#include "platform/ResourceInfo.h"
-#include "platform/SmartCard.h"
-#include "platform/SysInfo.h"
-#include "platform/SystemInfo.h"
 
 #include <gtest/gtest.h>
-
-#include <functional>
 
 TEST(LinuxHostParse, CpuInfo) {
     struct Case {
@@ -61,32 +51,4 @@ TEST(LinuxHostParse, OsRelease) {
         EXPECT_EQ(os.name, c.name);
         EXPECT_EQ(os.versionId, c.version);
     }
-}
-
-// These calls never reach the machine: the real-host backend has nothing to read for them.
-TEST(LinuxHost, UnavailableAreasSaySo) {
-    Platform::UseRealHost();
-    const std::function<void()> calls[] = {
-        [] { TesCtl::Adv::AdvancedOptionImpl().FindOption("/UserVars/TarnTimeOut"); },
-        [] { TesCtl::Adv::AdvancedOptionImpl().SetIntegerOption("/UserVars/TarnTimeOut", 1); },
-        [] { TesCtl::Adv::UserAdvancedOptionImpl().HasUserOption("PXEBootEnabled"); },
-        [] { TesCtl::Hardware::SmartCardInfoImpl().GetAllSlots(); },
-        [] { TesCtl::Resource::ResourceInfoImpl().HasRunningVirtualMachines(); },
-        [] { TesCtl::System::SystemInfoImpl().GetWelcomeMessage(); },
-        [] { TesCtl::System::SystemInfoImpl().SetSystemAlert("x"); },
-        [] { TesCtl::System::SystemInfoImpl().GetKeyboardLayouts(); },
-        [] { TesCtl::System::SystemInfoImpl().SetKeyboardLayout("French"); },
-        [] { TesCtl::System::SystemInfoImpl().GetFirewallRulesetById("sshServer"); },
-    };
-    for (size_t i = 0; i < std::size(calls); ++i) {
-        SCOPED_TRACE(i);
-        try {
-            calls[i]();
-            ADD_FAILURE() << "no exception";
-        } catch (const HostCtl::Lib::HostCtlException& e) {
-            EXPECT_STREQ(e.what(), "not available on this host");
-        }
-    }
-    std::array<uint8_t, 4> boot{};
-    EXPECT_FALSE(Platform::ReadBootOption(boot));
 }
