@@ -1,0 +1,129 @@
+// Switch listings on the host-control switch objects.
+#include "network/SwitchListing.h"
+
+#include "core/Log.h"
+#include "platform/HostCtlException.h"
+#include "platform/VirtualSwitchInfo.h"
+
+#include <algorithm>
+
+namespace Tarn {
+namespace {
+
+using HostCtl::Lib::HostCtlException;
+
+SwitchSummary Summarize(HostCtl::Network::VirtualSwitch& vswitch) {
+    SwitchSummary s;
+    s.name = vswitch.GetName();
+    s.numPorts = vswitch.GetNumPorts();
+    s.configuredPorts = vswitch.GetConfiguredPorts();
+    s.usedPorts = vswitch.GetUsedPorts();
+    s.portGroups = vswitch.GetPortGroups();
+    s.uplinks = vswitch.GetUplinks();
+    return s;
+}
+
+SwitchSummary Summarize(HostCtl::Network::DkSwitch& dswitch) {
+    SwitchSummary s;
+    s.name = dswitch.GetName();
+    s.distributed = true;
+    // The host sees only the ports the switch gave it.
+    s.numPorts = static_cast<int>(dswitch.GetPortKeys().size());
+    s.configuredPorts = s.numPorts;
+    s.usedPorts = dswitch.GetUsedPorts();
+    s.uplinks = dswitch.GetUplinks();
+    return s;
+}
+
+bool Contains(const std::vector<std::string>& list, const std::string& item) {
+    return std::find(list.begin(), list.end(), item) != list.end();
+}
+
+} // namespace
+
+bool ScanVirtualSwitches(std::vector<SwitchSummary>& switches) {
+    try {
+        std::vector<SwitchSummary> out;
+        for (auto& vswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches())
+            out.push_back(Summarize(*vswitch));
+        switches = std::move(out);
+        return true;
+    } catch (const HostCtlException& e) {
+        Log(LOG_ERR, "Scanning virtual switches failed: %s", e.what());
+        return false;
+    }
+}
+
+bool ScanDkSwitches(std::vector<SwitchSummary>& switches) {
+    try {
+        std::vector<SwitchSummary> out;
+        for (auto& dswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetDkSwitches())
+            out.push_back(Summarize(*dswitch));
+        switches = std::move(out);
+        return true;
+    } catch (const HostCtlException& e) {
+        Log(LOG_ERR, "Scanning dkswitches failed: %s", e.what());
+        return false;
+    }
+}
+
+std::map<std::string, std::string> GatherStandardSwitchUplinks() {
+    std::map<std::string, std::string> users;
+    try {
+        for (auto& vswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches())
+            for (const auto& uplink : vswitch->GetUplinks())
+                users[uplink] = vswitch->GetName();
+    } catch (const HostCtlException& e) {
+        Log(LOG_ERR, "Gathering standard virtual switch list failed: %s", e.what());
+        users.clear();
+    }
+    return users;
+}
+
+std::string FindUplinkUser(const std::string& pnic) {
+    std::vector<SwitchSummary> switches;
+    if (ScanVirtualSwitches(switches))
+        for (const auto& s : switches)
+            if (Contains(s.uplinks, pnic))
+                return s.name;
+    if (ScanDkSwitches(switches))
+        for (const auto& s : switches)
+            if (Contains(s.uplinks, pnic))
+                return s.name;
+    return {};
+}
+
+bool GetDvsUsedUplinks(const std::string& name, std::vector<std::string>& uplinks) {
+    try {
+        for (auto& dswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetDkSwitches()) {
+            if (dswitch->GetName() == name) {
+                uplinks = dswitch->GetUplinks();
+                return true;
+            }
+        }
+        throw HostCtlException("No distributed switch named " + name);
+    } catch (const HostCtlException& e) {
+        Log(LOG_ERR, "DVS: getting used uplinks failed: %s", e.what());
+        return false;
+    }
+}
+
+std::string JoinOrNone(const std::vector<std::string>& items) {
+    if (items.empty())
+        return "None";
+    std::string out;
+    for (const auto& item : items)
+        out += (out.empty() ? "" : ", ") + item;
+    return out;
+}
+
+std::string FormatSwitchSummary(const SwitchSummary& s) {
+    std::string text = "Number of ports: " + std::to_string(s.numPorts);
+    text += "\nConfigured ports: " + std::to_string(s.configuredPorts);
+    text += "\nUsed ports: " + std::to_string(s.usedPorts);
+    text += "\nPort groups: " + JoinOrNone(s.portGroups);
+    text += "\nUplinks: " + JoinOrNone(s.uplinks);
+    return text;
+}
+
+} // namespace Tarn
