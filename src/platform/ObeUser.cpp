@@ -43,8 +43,8 @@ int AppendLine(int fd, std::string line) {
 } // namespace
 
 int ObeUserLib_Init() {
-    if (gOpen)
-        return 0;
+    // Opening twice starts afresh, so the channel always follows the current host root.
+    ObeUserLib_Close();
     if (!IsSimulatedHost()) {
         gOpen = true;
         return 0;

@@ -1,0 +1,101 @@
+// corlacli switch commands and the bryn-opsagent service operations.
+#include "TestHost.h"
+
+#include "hostops/BrynOpsAgent.h"
+#include "hostops/CorlaCli.h"
+
+namespace {
+
+TEST(CorlaCli, SwitchCommandsBuildTheirArguments) {
+    TestHost::Dir host;
+    host.Script("/bin/corlacli", "echo \"$*\" >> " + host.Path("/calls"));
+    EXPECT_TRUE(Tarn::AddStandardSwitch("kSwitch1"));
+    EXPECT_TRUE(Tarn::ChangeStandardSwitchUplink("kSwitch1", "nicx1", true));
+    EXPECT_TRUE(Tarn::ChangeStandardSwitchUplink("kSwitch0", "nicx1", false));
+    EXPECT_TRUE(Tarn::AddPortGroup("Management Network", "kSwitch1"));
+    std::vector<std::string> expected = {
+        "network kswitch standard add -v kSwitch1",
+        "network kswitch standard uplink add -u nicx1 -v kSwitch1",
+        "network kswitch standard uplink remove -u nicx1 -v kSwitch0",
+        "network kswitch standard portgroup add -p Management Network -v kSwitch1",
+    };
+    EXPECT_EQ(host.Lines("/calls"), expected);
+    EXPECT_TRUE(host.Logged("Command \"corlacli network kswitch standard add -v kSwitch1\" succeeded"));
+}
+
+TEST(CorlaCli, FailureLogsOutput) {
+    TestHost::Dir host;
+    host.Script("/bin/corlacli", "echo 'Switch already exists'; echo hidden >&2; exit 1");
+    EXPECT_FALSE(Tarn::AddStandardSwitch("kSwitch0"));
+    EXPECT_TRUE(host.Logged("Command \"corlacli network kswitch standard add -v kSwitch0\" failed (rc=1): "
+                            "Switch already exists"));
+}
+
+TEST(BrynOpsAgent, StopAndStartFollowTheStopResult) {
+    struct Case {
+        int stopRc;
+        std::vector<std::string> messages;
+        std::vector<std::string> calls;
+    } cases[] = {
+        {0,
+         {"Stopping bryn-opsagent.", "bryn-opsagent has been successfully stopped.",
+          "Starting bryn-opsagent.", "bryn-opsagent has been successfully started."},
+         {"stop", "start"}},
+        {1,
+         {"Stopping bryn-opsagent.", "Failed to stop bryn-opsagent.", "Skipping bryn-opsagent start."},
+         {"stop"}},
+    };
+    for (const Case& c : cases) {
+        TestHost::Dir host;
+        host.Script("/etc/init.d/bryn-opsagent", "echo $1 >> " + host.Path("/calls") +
+                                                     "\n[ $1 = stop ] && exit " + std::to_string(c.stopRc) +
+                                                     "\nexit 0");
+        bool wasStopped = c.stopRc != 0; // the opposite of what the stop must set
+        Tarn::BrynOpsAgentStop(wasStopped);
+        EXPECT_EQ(wasStopped, c.stopRc == 0);
+        Tarn::BrynOpsAgentStart(wasStopped);
+        EXPECT_EQ(host.LogMessages(), c.messages);
+        EXPECT_EQ(host.Lines("/calls"), c.calls);
+    }
+}
+
+TEST(BrynOpsAgent, ActiveNeedsPresenceAndVersionThree) {
+    struct Case {
+        bool installed;
+        const char* version;
+        bool active;
+    } cases[] = {
+        {true, "3.0.1", true},
+        {true, "12.4", true},
+        {true, "2.9.9", false},
+        {false, "3.0.1", false},
+    };
+    for (const Case& c : cases) {
+        TestHost::Dir host;
+        if (c.installed)
+            host.Script("/etc/init.d/bryn-opsagent", "[ $1 = status ]");
+        host.Script("/bin/corlacli", std::string("echo \"$*\" > ") + host.Path("/calls") +
+                                         "\necho 'Name=bryn-opsagent'\necho 'Version=" + c.version + "-1'");
+        EXPECT_EQ(Tarn::BrynOpsAgentActive(), c.active)
+            << c.version << testing::PrintToString(host.LogMessages());
+        std::string statusLine = host.Path("/etc/init.d/bryn-opsagent") + " status";
+        EXPECT_TRUE(host.Logged("Running: " + statusLine));
+        EXPECT_EQ(host.Logged("bryn-opsagent is not present on the system."), !c.installed);
+        EXPECT_EQ(host.Logged("bryn-opsagent version >= 3 detected"), c.active);
+        if (c.installed) {
+            EXPECT_EQ(host.Read("/calls"), "--formatter=keyvalue software vib get -n bryn-opsagent\n");
+        }
+    }
+}
+
+TEST(BrynOpsAgent, MigrateSwitchRunsTheMigrationTool) {
+    TestHost::Dir host;
+    const std::string tool = "/usr/lib64/orvane/bryn-opsagent/bin/bryncfg-kswitch";
+    host.Script(tool, "echo \"$*\" > " + host.Path("/calls") + "\n[ $3 = good ]");
+    EXPECT_TRUE(Tarn::BrynMigrateSwitch("good", "tes0"));
+    EXPECT_EQ(host.Read("/calls"), "-m -p good -I tes0\n");
+    EXPECT_FALSE(Tarn::BrynMigrateSwitch("bad", "tes0"));
+    EXPECT_TRUE(host.Logged("Command \"" + host.Path(tool) + " -m -p good -I tes0\" succeeded"));
+}
+
+} // namespace
