@@ -1,0 +1,99 @@
+// System Customization menu data.
+#include "screens/MenuModel.h"
+
+#include <sstream>
+
+namespace Tarn {
+
+std::vector<MenuEntry> BuildMenuEntries(const MenuFlags& f) {
+    std::vector<MenuEntry> entries = {
+        {5, true},
+        {6, f.lockdownAvailable},
+        {3, false},
+        {7, f.managementInterface},
+        {8, f.managementInterface},
+        {9, f.managementInterface},
+        {10, true},
+        {3, false},
+    };
+    if (f.keyboardChoice)
+        entries.push_back({15, true});
+    entries.insert(
+        entries.end(),
+        {{13, true}, {3, false}, {12, true}, {3, false}, {11, true}, {3, false}, {14, !f.networkBoot}});
+    return entries;
+}
+
+const std::vector<LogFile>& LogFiles() {
+    static const std::vector<LogFile> files = {
+        {"Syslog", "/var/log/syslog.log"},
+        {"Tessel", "/var/log/tessel.log"},
+        {"Config", "/var/log/sysboot.log"},
+        {"Management Agent (stewd)", "/var/log/stewd.log"},
+        {"Steward Center Agent (plexa)", "/var/log/plexa.log"},
+        {"High Availibility Agent (haagd)", "/var/log/haagd.log"},
+        {"Orvane Corla Observation log (obed)", "/var/log/obed.log"},
+    };
+    return files;
+}
+
+std::vector<int> NumberLogs(const std::vector<bool>& exists) {
+    std::vector<int> numbers(exists.size(), 0);
+    int next = 1;
+    for (size_t i = 0; i < exists.size(); ++i)
+        if (exists[i])
+            numbers[i] = next++;
+    return numbers;
+}
+
+std::string LogListText(const std::vector<int>& numbers) {
+    std::string text;
+    const auto& files = LogFiles();
+    for (size_t i = 0; i < numbers.size() && i < files.size(); ++i) {
+        if (numbers[i] == 0)
+            continue;
+        text += "{color:white}<" + std::to_string(numbers[i]) + "> {color:light-grey}" + files[i].label +
+                "{/color}\n";
+    }
+    return text;
+}
+
+int LogForDigit(const std::vector<int>& numbers, int digit) {
+    for (size_t i = 0; i < numbers.size(); ++i)
+        if (numbers[i] != 0 && numbers[i] == digit)
+            return static_cast<int>(i);
+    return -1;
+}
+
+std::vector<std::string> ParseSupportLines(const std::string& fileText) {
+    std::vector<std::string> lines;
+    std::istringstream in(fileText);
+    std::string line;
+    while (std::getline(in, line)) {
+        if (!line.empty() && line[0] == '#')
+            continue;
+        lines.push_back(line);
+    }
+    return lines;
+}
+
+std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows) {
+    std::string text;
+    if (pageRows < 3)
+        pageRows = 3;
+    bool above = first > 0;
+    // The marks take a row each, so fewer content lines fit on a page that shows them.
+    size_t rows = pageRows - (above ? 1 : 0);
+    bool below = lines.size() > first + rows;
+    if (below)
+        --rows;
+    if (above)
+        text += "{align:right}<Page Up>{/align}\n";
+    for (size_t i = first; i < lines.size() && i < first + rows; ++i)
+        text += "{color:light-grey}" + lines[i] + "{/color}\n";
+    if (below)
+        text += "{align:right}<Page Down>{/align}\n";
+    return text;
+}
+
+} // namespace Tarn

@@ -1,0 +1,47 @@
+// The System Customization menu's data as plain values: which entries exist and can be chosen, the log
+// table and its numbering, and paging of the support information. GeneralWindow draws from these.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Tarn {
+
+struct MenuEntry {
+    unsigned id;  // catalogue id of the label; 3 is a blank separator
+    bool enabled; // can be chosen
+};
+
+struct MenuFlags {
+    bool lockdownAvailable = false;
+    bool managementInterface = false;
+    bool keyboardChoice = false;
+    bool networkBoot = false;
+};
+
+std::vector<MenuEntry> BuildMenuEntries(const MenuFlags& flags);
+
+struct LogFile {
+    const char* label;
+    const char* path; // host path
+};
+
+// The seven logs offered for viewing, in menu order.
+const std::vector<LogFile>& LogFiles();
+
+// For each row of LogFiles(), its number (1..) when the file exists, 0 when it does not.
+std::vector<int> NumberLogs(const std::vector<bool>& exists);
+
+// The log list markup: "{color:white}<1> {color:light-grey}Syslog{/color}\n" per existing file.
+std::string LogListText(const std::vector<int>& numbers);
+
+// Index into LogFiles() of the file numbered `digit`, or -1.
+int LogForDigit(const std::vector<int>& numbers, int digit);
+
+// Support information: lines of the file, "#" lines skipped, "$" lines kept for substitution.
+std::vector<std::string> ParseSupportLines(const std::string& fileText);
+
+// One page of support lines from `first`, with "<Page Up>"/"<Page Down>" marks where more lies.
+std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows);
+
+} // namespace Tarn
