@@ -98,6 +98,15 @@ TEST_F(WaitForInputTest, FunctionKeyDecodesThroughTheWait) {
     EXPECT_EQ(WaitForInput(&second), KEY_F(12));
 }
 
+TEST_F(WaitForInputTest, LoneEscapeActsWithinATenthOfASecond) {
+    set_escdelay(25);
+    Type("\033");
+    timeval second{1, 0};
+    auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(WaitForInput(&second), 27);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
+}
+
 TEST_F(WaitForInputTest, RestartRequestDuringSessionIsRememberedAndTheKeyStillArrives) {
     // No host under the test: the session's option read fails and the default time-out applies.
     char dir[] = "/tmp/tarn-nohost-XXXXXX";
