@@ -79,7 +79,7 @@ void ItemList::Draw(bool active) {
     ScreenUpdate update;
     active_ = true;
     if (win_ != nullptr)
-        wbkgd(win_, static_cast<chtype>(ColorAttr(background_, foreground_)) | ' ');
+        wbkgdset(win_, static_cast<chtype>(ColorAttr(background_, foreground_)) | ' ');
     listPane_->SetColors(background_, foreground_);
     if (listPane_->Curses() != nullptr)
         werase(listPane_->Curses());

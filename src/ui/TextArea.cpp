@@ -48,7 +48,7 @@ void TextArea::Draw(bool active) {
     if (win_ == nullptr)
         return;
     const attr_t dimmed = static_cast<attr_t>(ColorAttr(0, 6));
-    wbkgd(win_, (active ? static_cast<chtype>(ColorAttr(background_, foreground_)) : dimmed) | ' ');
+    wbkgdset(win_, (active ? static_cast<chtype>(ColorAttr(background_, foreground_)) : dimmed) | ' ');
     werase(win_);
     const std::vector<Markup::Line> lines = Markup::Layout(text_, width_, height_);
     for (size_t row = 0; row < lines.size(); ++row) {

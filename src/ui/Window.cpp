@@ -25,8 +25,17 @@ CursorState gCursor;
 
 int gUpdateDepth = 0;
 
-chtype BackgroundChar(int background, int foreground) {
-    return static_cast<chtype>(ColorAttr(background, foreground)) | ' ';
+// Gives the window a new background and recolours every cell it holds, keeping the characters (borders and
+// printed text stay). wbkgd alone leaves cells that already carry a colour pair as they were.
+void Paint(WINDOW* window, int background, int foreground) {
+    if (window == nullptr)
+        return;
+    const attr_t attr = static_cast<attr_t>(ColorAttr(background, foreground));
+    wbkgdset(window, static_cast<chtype>(attr) | ' ');
+    const short pair = static_cast<short>(PAIR_NUMBER(attr));
+    const attr_t others = attr & A_ATTRIBUTES & ~A_COLOR;
+    for (int row = 0; row < getmaxy(window); ++row)
+        mvwchgat(window, row, 0, -1, others, pair, nullptr);
 }
 
 // Sends the staged contents to the terminal. The cursor goes to the recorded position when it is visible;
@@ -97,8 +106,7 @@ void Window::Draw(bool active) {
     ScreenUpdate update;
     if (active) {
         active_ = true;
-        if (win_ != nullptr)
-            wbkgd(win_, BackgroundChar(background_, foreground_));
+        Paint(win_, background_, foreground_);
         for (Window* child : children_)
             child->Draw(true);
         ScreenUpdate::Stage(win_);
@@ -120,8 +128,7 @@ void Window::Draw(bool active) {
             ShowCursor(false);
         }
         active_ = false;
-        if (win_ != nullptr)
-            wbkgd(win_, BackgroundChar(0, 6));
+        Paint(win_, 0, 6);
         for (Window* child : children_)
             child->Draw(false);
         ScreenUpdate::Stage(win_);
@@ -155,8 +162,8 @@ void Window::Print(int column, int row, const std::string& text) {
 void Window::SetColors(int background, int foreground) {
     background_ = background == -1 && parent_ != nullptr ? parent_->background_ : background;
     foreground_ = foreground == -1 && parent_ != nullptr ? parent_->foreground_ : foreground;
-    if (active_ && win_ != nullptr)
-        wbkgd(win_, BackgroundChar(background_, foreground_));
+    if (active_)
+        Paint(win_, background_, foreground_);
     for (Window* child : children_)
         child->SetColors(background, foreground);
 }
@@ -170,8 +177,12 @@ void Window::MoveCursor(int column, int row) {
 
 void Window::ShowCursor(bool visible) {
     gCursor.visible = visible ? 1 : 0;
-    if (stdscr != nullptr)
-        curs_set(gCursor.visible);
+    if (stdscr == nullptr)
+        return;
+    curs_set(gCursor.visible);
+    // A cursor that appears must appear where it belongs, not where the last output ended.
+    if (visible && gUpdateDepth == 0)
+        Flush();
 }
 
 Frame::Frame(Frame* parentFrame, int column, int row, int width, int height, int background, int foreground)
