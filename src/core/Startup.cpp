@@ -125,7 +125,13 @@ int RunConsole(int argc, char** argv, const RootFrameFactory& makeRoot) {
     InitColors();
     DefineKeys();
     refresh();
-    RunRoot(makeRoot);
+    try {
+        RunRoot(makeRoot);
+    } catch (...) {
+        // Not handled here: restore the terminal before the runtime reports it.
+        terminal.Release();
+        throw;
+    }
     terminal.Close();
     return 0;
 }

@@ -61,6 +61,10 @@ void Terminal::Close() {
     (void)ignored;
 }
 
+void Terminal::Release() {
+    EndCurses();
+}
+
 int ScreenColumns() {
     return gCursesOpen ? COLS : 0;
 }

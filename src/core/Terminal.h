@@ -15,6 +15,8 @@ public:
     bool Open() const;
     // The normal end: clears the screen, ends curses and resets a Linux console's palette.
     void Close();
+    // An abnormal end: ends curses only, so whatever is printed next lands on a sane terminal.
+    void Release();
 };
 
 // Screen size in character cells (0 before the terminal is set up).
