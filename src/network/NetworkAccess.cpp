@@ -125,7 +125,10 @@ bool RemoveManagementUplink(TesNic& management, const std::string& pnic) {
         ms = FindManagementSwitch(management);
         auto policy = ms.vswitch->GetTeamingPolicy(ms.portGroup);
         auto order = policy.GetUplinkOrder();
-        order.erase(std::remove(order.begin(), order.end(), pnic), order.end());
+        auto it = std::find(order.begin(), order.end(), pnic);
+        if (it == order.end())
+            return; // not teamed: nothing to release
+        order.erase(it);
         int maxActive = std::max(0, policy.GetMaxActiveUplinks() - 1);
         policy.SetMaxActiveUplinks(std::min(maxActive, static_cast<int>(order.size())));
         policy.SetUplinkOrder(std::move(order));
