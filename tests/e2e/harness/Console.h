@@ -12,8 +12,8 @@ struct ConsoleOptions {
     std::string scenario = "default";
     std::optional<std::string> term = "xterm-256color"; // nullopt: TERM unset
     int rows = 25, cols = 80;
-    std::vector<std::string> args;
-    std::map<std::string, std::optional<std::string>> env; // extra variables, e.g. SSH_CLIENT
+    std::vector<std::string> args{};
+    std::map<std::string, std::optional<std::string>> env{}; // extra variables, e.g. SSH_CLIENT
 };
 
 class Console {

@@ -1,0 +1,110 @@
+// The measurement of one run. "Settled" means: the expected text is on screen and then no byte arrives for
+// the quiet interval; the time taken is that of the last byte before the silence, so the interval itself is
+// not counted.
+#include "RunMeasure.h"
+
+#include "harness/Keys.h"
+#include "harness/ProcStats.h"
+#include "harness/SimHost.h"
+#include "harness/Terminal.h"
+
+#include <algorithm>
+#include <csignal>
+#include <memory>
+#include <vector>
+
+namespace bench {
+
+namespace {
+
+using e2e::Clock;
+
+double Ms(Clock::duration d) {
+    return std::chrono::duration<double, std::milli>(d).count();
+}
+
+double Median(std::vector<double> v) {
+    if (v.empty())
+        return 0;
+    std::sort(v.begin(), v.end());
+    size_t n = v.size();
+    return n % 2 ? v[n / 2] : (v[n / 2 - 1] + v[n / 2]) / 2;
+}
+
+std::string KeyBytesFor(const std::string& term, const std::string& key) {
+    if (key.rfind("text:", 0) == 0)
+        return key.substr(5);
+    return e2e::KeyBytes(term, key);
+}
+
+} // namespace
+
+RunSample MeasureRun(const ProgramSpec& program, const BenchOptions& o) {
+    RunSample s;
+    std::unique_ptr<e2e::SimHost> host;
+    if (program.needsHost)
+        host = std::make_unique<e2e::SimHost>(o.scenario);
+    e2e::LaunchOptions launch;
+    launch.program = program.path;
+    launch.term = o.term;
+    launch.rows = o.rows;
+    launch.cols = o.cols;
+    if (host)
+        launch.env["TARN_HOST"] = host->HostSpec();
+    const auto quiet = std::chrono::milliseconds(o.quietMs);
+
+    e2e::Terminal t(launch);
+    bool ready = program.readyText.empty() ? t.WaitFor([&] { return !t.Output().empty(); }, 10s)
+                                           : t.WaitForText(program.readyText, 10s);
+    if (!ready || !t.WaitQuiet(quiet, 10s)) {
+        s.failure = "no settled first paint (waiting for \"" + program.readyText + "\")";
+        return s;
+    }
+    s.startupMs = Ms(t.LastOutput() - t.Started());
+    s.paintBytes = double(t.Output().size());
+
+    std::vector<double> keyMs, keyBytes;
+    for (int cycle = 0; cycle < o.keyCycles; ++cycle) {
+        for (const auto& key : program.keys) {
+            const std::string bytes = KeyBytesFor(o.term, key);
+            const size_t before = t.Output().size();
+            const auto sent = Clock::now();
+            t.Send(bytes);
+            if (!t.WaitFor([&] { return t.Output().size() > before; }, 2s)) {
+                ++s.keysWithoutOutput;
+                continue;
+            }
+            t.WaitQuiet(quiet, 5s);
+            keyMs.push_back(Ms(t.LastOutput() - sent));
+            keyBytes.push_back(double(t.Output().size() - before));
+        }
+    }
+    s.keyMs = Median(keyMs);
+    s.keyBytes = Median(keyBytes);
+
+    auto before = e2e::ReadProcStats(t.Pid());
+    const size_t bytesBefore = t.Output().size();
+    const auto idleEnd = Clock::now() + std::chrono::duration_cast<Clock::duration>(
+                                            std::chrono::duration<double>(o.idleSeconds));
+    while (Clock::now() < idleEnd && t.Running())
+        t.Pump(idleEnd - Clock::now());
+    auto after = e2e::ReadProcStats(t.Pid());
+    if (!before || !after) {
+        s.failure = "the program ended during the idle window";
+        return s;
+    }
+    s.idleCpuMs = (after->cpuSeconds - before->cpuSeconds) * 1000;
+    s.idleVoluntary = double(after->voluntarySwitches - before->voluntarySwitches);
+    s.idleInvoluntary = double(after->involuntarySwitches - before->involuntarySwitches);
+    s.idleBytes = double(t.Output().size() - bytesBefore);
+    s.peakRssKb = double(after->peakRssKb);
+
+    t.Signal(SIGTERM);
+    if (auto end = t.WaitExit(5s))
+        s.maxRssKb = double(end->usage.ru_maxrss);
+    else
+        s.failure = "did not end on SIGTERM";
+    return s;
+}
+
+} // namespace bench
