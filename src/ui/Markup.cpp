@@ -3,6 +3,7 @@
 // survive line breaks, and a line is broken at its last blank when the next character does not fit.
 #include "ui/Markup.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdlib>
@@ -160,7 +161,9 @@ private:
         } else if (arg.substr(0, kPadding.size()) == kPadding) {
             align_ = AlignMode::Padding;
             std::string number(arg.substr(kPadding.size()));
-            padWidth_ = static_cast<int>(std::strtol(number.c_str(), nullptr, 10));
+            // Cells beyond the area's width cannot be padded anyway; the clamp also keeps the sums in range.
+            long cells = std::strtol(number.c_str(), nullptr, 10);
+            padWidth_ = static_cast<int>(std::clamp<long>(cells, 0, width_));
             padLine_ = lines_.size();
             padColumn_ = static_cast<int>(cells_.size());
             return;

@@ -133,8 +133,9 @@ void Window::Draw(bool active) {
             child->Draw(false);
         ScreenUpdate::Stage(win_);
     }
-    // Keys typed before the window showed must not reach it.
-    if (stdscr != nullptr)
+    // Keys typed before the window showed must not reach it. Once per frame is enough: panes are only ever
+    // drawn as part of their frame, and a flush per pane would be a system call each.
+    if (IsTopLevel() && stdscr != nullptr)
         flushinp();
 }
 

@@ -145,6 +145,30 @@ TEST_F(WindowRendering, DialogGeometry) {
     EXPECT_EQ(TestDialog(nullptr, 40, 11, 7).ContentPane(), nullptr) << "bottom pane of 4 rows";
 }
 
+TEST_F(WindowRendering, RootWindowCoversTheScreenWithTwoPanes) {
+    struct Menu : RootWindow {
+        using RootWindow::RootWindow;
+        int Foreground() override { return 0; }
+    } menu(nullptr);
+    EXPECT_EQ(menu.Width(), 80);
+    EXPECT_EQ(menu.Height(), 24);
+    Window* left = menu.LeftPane();
+    Window* right = menu.RightPane();
+    EXPECT_EQ(left->Column() + left->Width(), right->Column());
+    EXPECT_EQ(right->Column() + right->Width(), 80);
+    Window* list = menu.ListPane();
+    EXPECT_GE(list->Column(), left->Column());
+    EXPECT_LE(list->Column() + list->Width(), left->Column() + left->Width());
+    EXPECT_NE(list->Curses(), nullptr);
+    menu.SetTitle("Configure Password");
+    menu.SetFooter("{align:right}<Esc> Log Out{/align}");
+    menu.Draw(true);
+    TextArea* title = menu.TitleArea();
+    EXPECT_EQ(Screen(title->Row(), title->Column(), 18), "Configure Password");
+    TextArea* footer = menu.FooterArea();
+    EXPECT_EQ(Screen(footer->Row(), footer->Column() + footer->Width() - 13, 13), "<Esc> Log Out");
+}
+
 TEST_F(WindowRendering, DialogShowsItsTextsInItsColours) {
     TestDialog dialog(nullptr, 40, 12, 7);
     dialog.SetTitle("Title");
