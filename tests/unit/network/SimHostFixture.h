@@ -30,7 +30,7 @@ protected:
         std::filesystem::remove_all(dir_);
     }
 
-    static Json IpConfig(const std::string& address, bool dhcp = false) {
+    static Json IpConfigJson(const std::string& address, bool dhcp = false) {
         return {{"dhcp", dhcp},
                 {"ipv4None", false},
                 {"address", address},
@@ -80,8 +80,8 @@ protected:
                    {"enabled", true},
                    {"dhcpBound", false},
                    {"dhcpServer", "0.0.0.0"},
-                   {"stored", IpConfig("192.0.2.10")},
-                   {"running", IpConfig("192.0.2.10")}}}},
+                   {"stored", IpConfigJson("192.0.2.10")},
+                   {"running", IpConfigJson("192.0.2.10")}}}},
                 {"management", "tes0"},
                 {"ipv6", {{"enabled", true}, {"pendingEnabled", true}}},
                 {"dns",
