@@ -1,14 +1,11 @@
 // The two account names the host tools are run as: the console's own service account and the user who is
-// logged in at the console (written only by the login, read by the command wrappers).
+// logged in at the console (a session value, written only by the login).
 #pragma once
 
-#include <string>
+#include "core/Session.h"
 
 namespace Tarn {
 
 inline constexpr const char* kServiceAccount = "tarn";
-
-const std::string& LoggedInUser();
-void SetLoggedInUser(const std::string& name);
 
 } // namespace Tarn
