@@ -3,6 +3,7 @@
 
 #include "core/Log.h"
 #include "platform/HostCtlException.h"
+#include "platform/PnicImpl.h"
 #include "platform/VirtualSwitchInfo.h"
 
 #include <algorithm>
@@ -104,6 +105,25 @@ bool GetDvsUsedUplinks(const std::string& name, std::vector<std::string>& uplink
         throw HostCtlException("No distributed switch named " + name);
     } catch (const HostCtlException& e) {
         Log(LOG_ERR, "DVS: getting used uplinks failed: %s", e.what());
+        return false;
+    }
+}
+
+bool GetDvsUplinkInfo(const std::string& name, std::vector<DvsUplink>& uplinks) {
+    std::vector<std::string> names;
+    if (!GetDvsUsedUplinks(name, names))
+        return false;
+    try {
+        std::vector<DvsUplink> out;
+        for (const auto& pnicName : names) {
+            TesCtl::Network::PnicImpl pnic(pnicName);
+            pnic.Refresh();
+            out.push_back({pnicName, pnic.GetMacAddress().GetStringAddress(), pnic.GetLinkUp()});
+        }
+        uplinks = std::move(out);
+        return true;
+    } catch (const HostCtlException& e) {
+        Log(LOG_ERR, "Getting uplink ports or info failed: %s", e.what());
         return false;
     }
 }

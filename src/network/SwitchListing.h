@@ -33,6 +33,15 @@ std::string FindUplinkUser(const std::string& pnic);
 // Uplinks in use on the distributed switch `name`.
 bool GetDvsUsedUplinks(const std::string& name, std::vector<std::string>& uplinks);
 
+struct DvsUplink {
+    std::string pnic;
+    std::string macAddress;
+    bool connected = false;
+};
+
+// The uplinks of the distributed switch `name` with the MAC address and link of each; all or nothing.
+bool GetDvsUplinkInfo(const std::string& name, std::vector<DvsUplink>& uplinks);
+
 // "Number of ports: N\nConfigured ports: N\nUsed ports: N\nPort groups: a, b\nUplinks: x" ("None" for an
 // empty list).
 std::string FormatSwitchSummary(const SwitchSummary& summary);

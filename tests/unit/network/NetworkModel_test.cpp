@@ -202,6 +202,23 @@ TEST_F(NetworkModelTest, SwitchCreationNamesAndListings) {
     EXPECT_TRUE(Logged("DVS: getting used uplinks failed: No distributed switch named kDS-9"));
 }
 
+TEST_F(NetworkModelTest, DistributedUplinkInfo) {
+    std::vector<Tarn::DvsUplink> uplinks;
+    ASSERT_TRUE(Tarn::GetDvsUplinkInfo("kDS-1", uplinks));
+    ASSERT_EQ(uplinks.size(), 1u);
+    EXPECT_EQ(uplinks[0].pnic, "nicx2");
+    EXPECT_EQ(uplinks[0].macAddress, "00:50:56:aa:00:02");
+    EXPECT_TRUE(uplinks[0].connected);
+
+    // An uplink the host does not know as a physical NIC spoils the whole lookup.
+    auto host = ReadHost();
+    host["distributedSwitches"][0]["uplinks"].push_back("nicx9");
+    WriteHost(host);
+    EXPECT_FALSE(Tarn::GetDvsUplinkInfo("kDS-1", uplinks));
+    EXPECT_EQ(uplinks.size(), 1u);
+    EXPECT_TRUE(Logged("Getting uplink ports or info failed: physical NIC nicx9 not found"));
+}
+
 TEST_F(NetworkModelTest, ListingFailuresAreLogged) {
     std::filesystem::remove(dir_ + "/etc/simhost/host.json");
     std::vector<Tarn::SwitchSummary> found;
