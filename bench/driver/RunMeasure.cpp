@@ -18,6 +18,7 @@ namespace bench {
 namespace {
 
 using e2e::Clock;
+using namespace std::chrono_literals;
 
 double Ms(Clock::duration d) {
     return std::chrono::duration<double, std::milli>(d).count();
@@ -34,6 +35,8 @@ double Median(std::vector<double> v) {
 std::string KeyBytesFor(const std::string& term, const std::string& key) {
     if (key.rfind("text:", 0) == 0)
         return key.substr(5);
+    if (key.rfind("esc:", 0) == 0) // ESC and the rest in one write: the console's ESC-digit F-keys
+        return "\x1b" + key.substr(4);
     return e2e::KeyBytes(term, key);
 }
 
