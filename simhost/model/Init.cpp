@@ -99,7 +99,8 @@ void InitHost(const std::string& dirText, const std::string& scenario, const std
 
     for (const char* name : kToolPaths)
         Install(tool, dir / name);
-    Link("/bin/sh", dir / "bin/sh");
+    // The host's shell knows `let` (the agent version test uses it); dash does not, bash does.
+    Link("/bin/bash", dir / "bin/sh");
     Link("/usr/bin/less", dir / "bin/less");
 
     fs::path pam = fs::path(buildDir) / "pam_simhost.so";

@@ -160,7 +160,7 @@ TEST(SimHostScenario, HostLayoutServesTheConsole) {
         EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(p))) << tool << " missing or a symlink";
         EXPECT_EQ(access(p.c_str(), X_OK), 0) << tool << " not executable";
     }
-    EXPECT_EQ(fs::read_symlink(fs::path(dir) / "bin/sh"), "/bin/sh");
+    EXPECT_EQ(fs::read_symlink(fs::path(dir) / "bin/sh"), "/bin/bash");
     EXPECT_EQ(fs::read_symlink(fs::path(dir) / "bin/less"), "/usr/bin/less");
     std::string module = dir + "/lib/security/pam_simhost.so root=" + dir + "\n";
     EXPECT_EQ(ReadFile(dir + "/etc/pam.d/tarn"), "auth required " + module + "account required " + module +
