@@ -26,16 +26,27 @@ CursorState gCursor;
 int gUpdateDepth = 0;
 
 // Gives the window a new background and recolours every cell it holds, keeping the characters (borders and
-// printed text stay). wbkgd alone leaves cells that already carry a colour pair as they were.
+// printed text stay). wbkgd alone leaves cells that already carry a colour pair as they were, and wchgat over
+// a whole line would drop the alternate character set of the border, so runs of equal ACS state are changed.
 void Paint(WINDOW* window, int background, int foreground) {
     if (window == nullptr)
         return;
     const attr_t attr = static_cast<attr_t>(ColorAttr(background, foreground));
     wbkgdset(window, static_cast<chtype>(attr) | ' ');
     const short pair = static_cast<short>(PAIR_NUMBER(attr));
-    const attr_t others = attr & A_ATTRIBUTES & ~A_COLOR;
-    for (int row = 0; row < getmaxy(window); ++row)
-        mvwchgat(window, row, 0, -1, others, pair, nullptr);
+    const attr_t others = attr & A_ATTRIBUTES & ~(A_COLOR | A_ALTCHARSET);
+    const int width = getmaxx(window);
+    for (int row = 0; row < getmaxy(window); ++row) {
+        int start = 0;
+        while (start < width) {
+            const chtype acs = mvwinch(window, row, start) & A_ALTCHARSET;
+            int end = start + 1;
+            while (end < width && (mvwinch(window, row, end) & A_ALTCHARSET) == acs)
+                ++end;
+            mvwchgat(window, row, start, end - start, others | static_cast<attr_t>(acs), pair, nullptr);
+            start = end;
+        }
+    }
 }
 
 // Sends the staged contents to the terminal. The cursor goes to the recorded position when it is visible;
@@ -167,6 +178,16 @@ void Window::SetColors(int background, int foreground) {
         Paint(win_, background_, foreground_);
     for (Window* child : children_)
         child->SetColors(background, foreground);
+}
+
+void Window::Erase() {
+    if (win_ != nullptr)
+        werase(win_);
+}
+
+void Window::DrawBorder() {
+    if (win_ != nullptr)
+        box(win_, 0, 0);
 }
 
 void Window::MoveCursor(int column, int row) {

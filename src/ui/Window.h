@@ -32,6 +32,9 @@ public:
     void Redraw();
     void Print(int column, int row, const std::string& text);
     void SetColors(int background, int foreground);
+    // Blanks the window's cells (children share them) and draws a line border around its edge.
+    void Erase();
+    void DrawBorder();
     void MoveCursor(int column, int row);
     static void ShowCursor(bool visible);
 

@@ -184,7 +184,17 @@ TEST_F(WindowRendering, DialogShowsItsTextsInItsColours) {
     EXPECT_EQ(PairOnScreen(16, 48), Pair(3, 0));
     EXPECT_EQ(PairOnScreen(16, 56), Pair(3, 6));
     EXPECT_EQ(PairOnScreen(14, 21), Pair(3, 7)) << "bottom pane margin";
-    EXPECT_NE(Screen(6, 20, 1), " ") << "border";
+    // The border keeps its line-drawing characters through recolouring, active and dimmed.
+    for (bool active : {false, true}) {
+        dialog.Draw(active);
+        for (int row : {6, 10, 13, 17}) {
+            EXPECT_TRUE(mvwinch(curscr, row, 20) & A_ALTCHARSET) << row;
+            EXPECT_TRUE(mvwinch(curscr, row, 59) & A_ALTCHARSET) << row;
+        }
+        EXPECT_EQ(mvwinch(curscr, 6, 20) & A_CHARTEXT, ACS_ULCORNER & A_CHARTEXT);
+        EXPECT_EQ(mvwinch(curscr, 17, 59) & A_CHARTEXT, ACS_LRCORNER & A_CHARTEXT);
+        EXPECT_EQ(mvwinch(curscr, 6, 30) & A_CHARTEXT, ACS_HLINE & A_CHARTEXT);
+    }
 }
 
 TEST_F(WindowRendering, ChildColoursOfMinusOneComeFromTheParent) {
