@@ -69,8 +69,11 @@ void ReportLogin(LoginOutcome outcome, const std::string& user) {
     }
 }
 
-void ReportLogout(const std::string& user) {
-    Platform::OrvAudit_VLog("login.disconnect", user.c_str(), "", 1, nullptr);
+void ReportLogout(const std::string& user, const char* reason) {
+    if (reason != nullptr)
+        Platform::OrvAudit_VLog("login.disconnect", user.c_str(), "", 1, "reason", reason, nullptr);
+    else
+        Platform::OrvAudit_VLog("login.disconnect", user.c_str(), "", 1, nullptr);
 }
 
 } // namespace Tarn

@@ -35,7 +35,7 @@ enum class LoginOutcome { Success, PasswordExpired, InvalidLogin, NoPermission }
 // The syslog line(s), the "login.connect" audit record and, for failures, the event of one login attempt.
 void ReportLogin(LoginOutcome outcome, const std::string& user);
 
-// The "login.disconnect" audit record.
-void ReportLogout(const std::string& user);
+// The "login.disconnect" audit record, with the pair "reason" when a reason is given.
+void ReportLogout(const std::string& user, const char* reason = nullptr);
 
 } // namespace Tarn
