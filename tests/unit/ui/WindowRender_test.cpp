@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <curses.h>
+#include <fcntl.h>
+#include <pty.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -269,6 +271,45 @@ TEST_F(WindowRendering, DimmedTextAreaUsesOneAttribute) {
     EXPECT_EQ(PairOnScreen(1, 0), Pair(0, 6));
     frame.Draw(true);
     EXPECT_EQ(PairOnScreen(0, 0), Pair(3, 1)) << "colours come back";
+}
+
+// Keys waiting on the terminal when a frame is drawn are thrown away: they were typed for what was there
+// before. Curses flushes the terminal it writes to, so input and output are both the pseudo-terminal here.
+TEST(WindowTypeAhead, DrawingAFrameDiscardsPendingKeys) {
+    int master = -1, slave = -1;
+    ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+    fcntl(master, F_SETFL, O_NONBLOCK);
+    FILE* in = fdopen(slave, "r");
+    FILE* out = fdopen(dup(slave), "w");
+    SCREEN* screen = newterm("xterm-256color", out, in);
+    ASSERT_NE(screen, nullptr);
+    set_term(screen);
+    cbreak();
+    nodelay(stdscr, TRUE);
+    auto drain = [master] {
+        char buffer[4096];
+        while (read(master, buffer, sizeof buffer) > 0) {
+        }
+    };
+    struct Case {
+        bool drawFrame;
+        int expected;
+    };
+    for (Case c : {Case{false, 'k'}, Case{true, ERR}}) {
+        drain();
+        ASSERT_EQ(write(master, "k", 1), 1);
+        usleep(20000); // let the key reach the slave side
+        if (c.drawFrame) {
+            Window frame(0, 0, 10, 3, 0, 7);
+            frame.Draw(true);
+        }
+        EXPECT_EQ(wgetch(stdscr), c.expected) << (c.drawFrame ? "after a draw" : "without a draw");
+    }
+    endwin();
+    delscreen(screen);
+    std::fclose(out);
+    std::fclose(in);
+    close(master);
 }
 
 class ItemListRendering : public WindowRendering {
