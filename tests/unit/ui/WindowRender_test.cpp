@@ -1,111 +1,20 @@
-// The window tree, text areas and item lists drawn on an off-screen 80x24 terminal, read back from what
-// curses believes the terminal shows (curscr): geometry, colours, dimming, subtree deletion, refused windows,
-// and the bytes a focus move or a typed character costs.
-#include "core/EventLoop.h"
+// The window tree and text areas drawn on an off-screen 80x24 terminal: geometry, colours, dimming, subtree
+// deletion, refused windows, and type-ahead discarded when a frame is drawn.
 #include "ui/InputItem.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
 #include "ui/TextArea.h"
 #include "ui/Window.h"
 
-#include <gtest/gtest.h>
+#include "OffscreenTerminal.h"
 
-#include <curses.h>
 #include <fcntl.h>
 #include <pty.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <climits>
-#include <clocale>
-#include <cstdio>
-#include <cwchar>
-#include <regex>
-#include <string>
 
 namespace Tarn {
 namespace {
 
-class WindowRendering : public ::testing::Test {
-protected:
-    void SetUp() override {
-        std::setlocale(LC_ALL, "C.UTF-8");
-        out_ = std::tmpfile();
-        in_ = std::fopen("/dev/null", "r");
-        screen_ = newterm(term_, out_, in_);
-        ASSERT_NE(screen_, nullptr);
-        set_term(screen_);
-        resizeterm(24, 80);
-        start_color();
-        InitColors();
-        refresh();
-    }
-
-    void TearDown() override {
-        Window::ShowCursor(false);
-        if (screen_ != nullptr) {
-            endwin();
-            delscreen(screen_);
-        }
-        std::fclose(out_);
-        std::fclose(in_);
-    }
-
-    // The text the terminal shows at (row, column), `count` cells.
-    static std::string Screen(int row, int column, int count) {
-        std::string text;
-        for (int c = column; c < column + count; ++c) {
-            cchar_t cell;
-            mvwin_wch(curscr, row, c, &cell);
-            wchar_t chars[CCHARW_MAX + 1] = {};
-            attr_t attrs = 0;
-            short pair = 0;
-            getcchar(&cell, chars, &attrs, &pair, nullptr);
-            char bytes[MB_LEN_MAX] = {};
-            std::mbstate_t state{};
-            size_t n = std::wcrtomb(bytes, chars[0], &state);
-            text.append(bytes, n == static_cast<size_t>(-1) ? 0 : n);
-        }
-        return text;
-    }
-
-    static int PairOnScreen(int row, int column) {
-        cchar_t cell;
-        mvwin_wch(curscr, row, column, &cell);
-        wchar_t chars[CCHARW_MAX + 1] = {};
-        attr_t attrs = 0;
-        short pair = 0;
-        getcchar(&cell, chars, &attrs, &pair, nullptr);
-        return pair;
-    }
-
-    static int Pair(int background, int foreground) {
-        return static_cast<int>(PAIR_NUMBER(static_cast<int>(ColorAttr(background, foreground))));
-    }
-
-    long BytesWritten() const {
-        std::fflush(out_);
-        struct stat st {};
-        fstat(fileno(out_), &st);
-        return static_cast<long>(st.st_size);
-    }
-
-    // What was sent to the terminal since byte `from`, escape characters shown as "^[".
-    std::string OutputSince(long from) const {
-        std::string bytes(static_cast<size_t>(BytesWritten() - from), '\0');
-        if (pread(fileno(out_), bytes.data(), bytes.size(), from) < 0)
-            return {};
-        std::string shown;
-        for (char ch : bytes)
-            shown += ch == 27 ? std::string("^[") : std::string(1, ch);
-        return shown;
-    }
-
-    const char* term_ = "xterm-256color";
-    FILE* out_ = nullptr;
-    FILE* in_ = nullptr;
-    SCREEN* screen_ = nullptr;
-};
+using WindowRendering = Testing::OffscreenTerminal;
 
 // A dialog with nothing to run, for drawing only.
 struct TestDialog : Dialog {
@@ -310,146 +219,6 @@ TEST(WindowTypeAhead, DrawingAFrameDiscardsPendingKeys) {
     std::fclose(out);
     std::fclose(in);
     close(master);
-}
-
-class ItemListRendering : public WindowRendering {
-protected:
-    void SetUp() override {
-        WindowRendering::SetUp();
-        frame_ = new Window(10, 5, 40, 10, 3, 6);
-        list_ = frame_->AddChild<ItemList>(2, 1, 30, 4);
-    }
-    void TearDown() override {
-        delete frame_;
-        WindowRendering::TearDown();
-    }
-    // Screen coordinates of the list: column 12, rows 6..9; rows are 29 cells, the scroll bar is column 41.
-    static constexpr int kLeft = 12, kTop = 6, kScroll = 41;
-
-    Window* frame_ = nullptr;
-    ItemList* list_ = nullptr;
-};
-
-TEST_F(ItemListRendering, RowsFocusBarAndScrollBar) {
-    LabelItem heading("Choose:", false), a("Alpha", true), b("Beta", true), c("Gamma", true),
-        d("Delta", true), e("Epsilon", true);
-    b.SetEnabled(false);
-    list_->SetItems({&heading, &a, &b, &c, &d, &e});
-    frame_->Draw(true);
-    EXPECT_EQ(Screen(kTop, kLeft + 1, 7), "Choose:");
-    EXPECT_EQ(Screen(kTop + 1, kLeft + 1, 5), "Alpha");
-    EXPECT_EQ(list_->FocusedItem(), &a);
-    EXPECT_EQ(list_->Selection(), 0);
-    for (int column : {kLeft, kLeft + 1, kLeft + 28})
-        EXPECT_EQ(PairOnScreen(kTop + 1, column), Pair(0, 7))
-            << "focus bar across the row, column " << column;
-    EXPECT_EQ(PairOnScreen(kTop, kLeft), Pair(3, 0));
-    EXPECT_EQ(PairOnScreen(kTop + 2, kLeft + 1), Pair(3, 0));
-    EXPECT_EQ(Screen(kTop, kScroll, 1), "\u2588");
-    EXPECT_EQ(Screen(kTop + 1, kScroll, 1), "\u2593");
-    EXPECT_EQ(Screen(kTop + 3, kScroll, 1), "\u2593");
-
-    ASSERT_TRUE(list_->Down());
-    EXPECT_EQ(list_->FocusedItem(), &c);
-    EXPECT_EQ(list_->Selection(), 2) << "the disabled item counts";
-    EXPECT_EQ(PairOnScreen(kTop + 1, kLeft + 1), Pair(3, 0)) << "old row back in the item's colours";
-    EXPECT_EQ(PairOnScreen(kTop + 3, kLeft + 1), Pair(0, 7));
-
-    ASSERT_TRUE(list_->Down());
-    ASSERT_TRUE(list_->Down());
-    EXPECT_EQ(list_->TopIndex(), 2);
-    EXPECT_EQ(Screen(kTop, kLeft + 1, 4), "Beta");
-    EXPECT_EQ(Screen(kTop + 3, kLeft + 1, 7), "Epsilon");
-    EXPECT_EQ(PairOnScreen(kTop + 3, kLeft + 1), Pair(0, 7));
-    EXPECT_EQ(Screen(kTop + 3, kScroll, 1), "\u2588");
-    EXPECT_EQ(Screen(kTop, kScroll, 1), "\u2593");
-    EXPECT_FALSE(list_->Down());
-}
-
-TEST_F(ItemListRendering, NoScrollBarWhenTheItemsFit) {
-    LabelItem a("One", true), b("Two", true), c("Three", true), d("Four", true);
-    list_->SetItems({&a, &b, &c, &d});
-    frame_->Draw(true);
-    for (int row = kTop; row < kTop + 4; ++row)
-        EXPECT_EQ(Screen(row, kScroll, 1), " ") << row;
-    // Fewer items than rows: the rows below stay empty, also after a list with more items.
-    list_->SetItems({&a});
-    list_->Draw();
-    EXPECT_EQ(Screen(kTop + 1, kLeft, 29), std::string(29, ' '));
-    frame_->Draw(false);
-    EXPECT_EQ(Screen(kTop + 1, kLeft, 29), std::string(29, ' '));
-}
-
-TEST_F(ItemListRendering, InputFieldAndCursor) {
-    LabelItem heading("Address", false);
-    InputItem address("IP Address", "10.0.0.1", 12), password("Password", "abc", 12);
-    password.SetPassword(true);
-    list_->SetItems({&heading, &address, &password});
-    frame_->Draw(true);
-    // A frame drawn for the first time hides the cursor; a screen with fields shows it.
-    Window::ShowCursor(true);
-    // Row text areas start one column into the row and are 27 cells wide; the field ends at their edge.
-    const int fieldStart = kLeft + 1 + 27 - 2 - 12;
-    // Read the cursor first: reading cells back moves curses' idea of it.
-    EXPECT_EQ(getcury(curscr), kTop + 1);
-    EXPECT_EQ(getcurx(curscr), fieldStart + 8);
-    EXPECT_EQ(Screen(kTop + 1, kLeft + 1, 10), "IP Address");
-    EXPECT_EQ(Screen(kTop + 1, fieldStart - 3, 17), " [ 10.0.0.1     ]");
-    EXPECT_EQ(PairOnScreen(kTop + 1, fieldStart), Pair(7, 0)) << "fresh value marked";
-    EXPECT_EQ(Screen(kTop + 2, fieldStart, 4), "*** ");
-
-    address.HandleKey('1');
-    list_->Draw();
-    EXPECT_EQ(getcurx(curscr), fieldStart + 1);
-    EXPECT_EQ(Screen(kTop + 1, fieldStart, 9), "1        ");
-    EXPECT_EQ(PairOnScreen(kTop + 1, fieldStart), Pair(0, 7)) << "edited value plain";
-}
-
-// On a virtual terminal (TERM=linux) a focus move sends only the two rows that change, and a typed character
-// costs no more than its cell in the field's colours.
-class ItemListBytes : public ItemListRendering {
-protected:
-    void SetUp() override {
-        term_ = "linux";
-        ItemListRendering::SetUp();
-    }
-};
-
-TEST_F(ItemListBytes, FocusMoveAndTypedCharacter) {
-    LabelItem a("Configure Password", true), b("Configure Lockdown", true), c("Restart", true);
-    InputItem host("Hostname", "host", 12);
-    list_->SetItems({&a, &b, &c, &host});
-    frame_->Draw(true);
-    long before = BytesWritten();
-    list_->Down();
-    const std::string focusMove = OutputSince(before);
-    // Rows 7 and 8 of the terminal (1-based) are the only ones addressed.
-    std::smatch position;
-    std::string rest = focusMove;
-    int addressed = 0;
-    while (std::regex_search(rest, position, std::regex("\\^\\[\\[(\\d+);\\d+H"))) {
-        EXPECT_TRUE(position[1] == "7" || position[1] == "8") << focusMove;
-        ++addressed;
-        rest = position.suffix();
-    }
-    EXPECT_EQ(addressed, 2) << focusMove;
-    EXPECT_NE(focusMove.find(" Configure Password "), std::string::npos) << focusMove;
-    EXPECT_NE(focusMove.find(" Configure Lockdown "), std::string::npos) << focusMove;
-    EXPECT_LE(focusMove.size(), 2 * 29 + 2 * 7 + 2 * 10 + 20u)
-        << focusMove; // rows, addressing, colours, reset
-
-    list_->Down();
-    list_->Down();
-    Window::ShowCursor(true);
-    host.HandleKey(KEY_END);
-    list_->Draw();
-    before = BytesWritten();
-    host.HandleKey('x');
-    list_->Draw();
-    const long typed = BytesWritten() - before;
-    EXPECT_EQ(getcurx(curscr), kLeft + 1 + 27 - 2 - 12 + 5);
-    EXPECT_LE(typed, 23) << OutputSince(before);
-    EXPECT_EQ(Screen(kTop + 3, kLeft + 1 + 27 - 2 - 12, 6), "hostx ");
 }
 
 } // namespace
