@@ -1,0 +1,61 @@
+// Password dialog key rules and submit checks.
+#include "screens/PasswordModel.h"
+
+#include "core/Keys.h"
+
+#include <string.h>
+
+namespace Tarn {
+
+namespace {
+constexpr int kTab = 9;
+} // namespace
+
+PasswordKeyAction DecidePasswordKey(int key, int focus) {
+    switch (key) {
+    case Key::Escape:
+        return PasswordKeyAction::Cancel;
+    case Key::Up:
+        return PasswordKeyAction::Up;
+    case Key::Down:
+        return PasswordKeyAction::Down;
+    case Key::Enter:
+    case kTab:
+        if (focus == kOldPasswordField)
+            return PasswordKeyAction::CheckOld;
+        if (focus == kNewPasswordField)
+            return PasswordKeyAction::FocusConfirm;
+        return key == kTab ? PasswordKeyAction::FocusNew : PasswordKeyAction::Submit;
+    default:
+        return PasswordKeyAction::Edit;
+    }
+}
+
+NewPasswordCheck CheckNewPassword(const std::string& oldPassword, const std::string& newPassword,
+                                  const std::string& confirmed) {
+    if (newPassword.empty())
+        return NewPasswordCheck::Empty;
+    if (newPassword != confirmed)
+        return NewPasswordCheck::Mismatch;
+    if (newPassword == oldPassword)
+        return NewPasswordCheck::Same;
+    return NewPasswordCheck::Change;
+}
+
+unsigned NewPasswordMessage(NewPasswordCheck check) {
+    switch (check) {
+    case NewPasswordCheck::Empty:
+        return 164;
+    case NewPasswordCheck::Mismatch:
+        return 163;
+    default:
+        return 0;
+    }
+}
+
+void WipePassword(std::string& password) {
+    explicit_bzero(password.data(), password.size());
+    password.clear();
+}
+
+} // namespace Tarn
