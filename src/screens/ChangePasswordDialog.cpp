@@ -1,0 +1,160 @@
+// The password dialog: old password checked first, the new one twice, the change made through PAM and the
+// host configuration saved afterwards.
+#include "screens/ChangePasswordDialog.h"
+
+#include "core/EventLoop.h"
+#include "core/Log.h"
+#include "core/Report.h"
+#include "core/Session.h"
+#include "hostops/CommandRunner.h"
+#include "platform/HostRoot.h"
+#include "screens/ListFocus.h"
+#include "screens/LoginDialog.h"
+#include "screens/Pam.h"
+#include "screens/PasswordModel.h"
+#include "screens/SamePasswordConfirmDialog.h"
+#include "ui/InputItem.h"
+#include "ui/ItemList.h"
+#include "ui/StandardDialogs.h"
+
+#include <security/pam_appl.h>
+
+namespace Tarn {
+namespace {
+
+constexpr int kWidth = 60;
+constexpr int kSplitRow = 6; // title, blank, two body rows
+constexpr int kHeight = kSplitRow + 3 + 4;
+constexpr int kFieldWidth = 30;
+constexpr unsigned kErrorTitleId = 160;
+
+// The cursor shows while the form is open, on every way out (an idle time-out included).
+struct CursorShown {
+    CursorShown() { Window::ShowCursor(true); }
+    ~CursorShown() { Window::ShowCursor(false); }
+};
+
+} // namespace
+
+ChangePasswordDialog::ChangePasswordDialog(Frame* parent) : Dialog(parent, kWidth, kHeight, kSplitRow) {
+    std::vector<Item*> items;
+    for (int i = 0; i < 3; ++i) {
+        fields_[i] = std::make_unique<InputItem>(Text(157 + static_cast<unsigned>(i)), "", kFieldWidth);
+        fields_[i]->SetPassword(true);
+        items.push_back(fields_[i].get());
+    }
+    if (content_ != nullptr) {
+        list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
+        list_->SetItems(items);
+    }
+    SetTitle(Text(155));
+    SetBody(Text(156));
+    SetFooter(kPasswordFooter);
+}
+
+ChangePasswordDialog::~ChangePasswordDialog() {
+    for (auto& field : fields_)
+        ClearPasswordField(*field);
+}
+
+int ChangePasswordDialog::Focus() const {
+    return list_ != nullptr ? list_->FocusIndex() : 0;
+}
+
+void ChangePasswordDialog::FocusItem(int index) {
+    if (list_ != nullptr)
+        FocusListItem(*list_, index);
+}
+
+int ChangePasswordDialog::Foreground() {
+    CursorShown cursor;
+    Draw(true);
+    for (;;) {
+        const int key = GetKey(this, true);
+        switch (DecidePasswordKey(key, Focus())) {
+        case PasswordKeyAction::Cancel:
+            return 0;
+        case PasswordKeyAction::Edit:
+            if (list_ != nullptr && Focus() >= 0 && fields_[Focus()]->HandleKey(key))
+                list_->Draw();
+            break;
+        case PasswordKeyAction::Up:
+            if (list_ != nullptr)
+                list_->Up();
+            break;
+        case PasswordKeyAction::Down:
+            if (list_ != nullptr)
+                list_->Down();
+            break;
+        case PasswordKeyAction::CheckOld:
+            CheckOldPassword();
+            break;
+        case PasswordKeyAction::FocusConfirm:
+            FocusItem(kConfirmPasswordField);
+            break;
+        case PasswordKeyAction::FocusNew:
+            FocusItem(kNewPasswordField);
+            break;
+        case PasswordKeyAction::Submit:
+            if (Submit())
+                return 1;
+            break;
+        }
+    }
+}
+
+void ChangePasswordDialog::ShowError(unsigned messageId) {
+    MessageDialog message(this, kErrorTitleId, Text(messageId));
+    RunWindow(&message);
+    Window::ShowCursor(true);
+}
+
+void ChangePasswordDialog::CheckOldPassword() {
+    const int status = Authenticate(LoggedInUser(), fields_[kOldPasswordField]->Value());
+    if (status == PAM_SUCCESS || status == PAM_NEW_AUTHTOK_REQD) {
+        FocusItem(kNewPasswordField);
+        return;
+    }
+    ShowError(162);
+    ClearPasswordField(*fields_[kOldPasswordField]);
+    FocusItem(kOldPasswordField);
+    if (list_ != nullptr)
+        list_->Draw();
+}
+
+bool ChangePasswordDialog::Submit() {
+    const std::string& oldPassword = fields_[kOldPasswordField]->Value();
+    const std::string& newPassword = fields_[kNewPasswordField]->Value();
+    const NewPasswordCheck check =
+        CheckNewPassword(oldPassword, newPassword, fields_[kConfirmPasswordField]->Value());
+    if (const unsigned message = NewPasswordMessage(check); message != 0) {
+        ShowError(message);
+        return false;
+    }
+    if (check == NewPasswordCheck::Same) {
+        SamePasswordConfirmDialog confirm(this);
+        const bool confirmed = RunWindow(&confirm) != 0;
+        Window::ShowCursor(true);
+        if (!confirmed)
+            return false;
+    }
+    if (!ChangePassword()) {
+        ShowError(166);
+        return false;
+    }
+    const char* const argv[] = {"cfgsave.sh", "0", nullptr};
+    RunProcess(Platform::HostPath("/sbin/cfgsave.sh").c_str(), argv, nullptr, nullptr, nullptr, nullptr,
+               nullptr, 0, 0);
+    const std::string& user = LoggedInUser();
+    Log(LOG_INFO, "Login password for user %s has changed", user.c_str());
+    ReportEvent(kEventPasswordChanged, user.c_str());
+    SetEmptyPassword(newPassword.empty());
+    return true;
+}
+
+bool ChangePasswordDialog::ChangePassword() {
+    return ChangePasswordThroughPam(LoggedInUser(), fields_[kOldPasswordField]->Value(),
+                                    fields_[kNewPasswordField]->Value());
+}
+
+} // namespace Tarn

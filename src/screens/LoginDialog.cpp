@@ -1,0 +1,227 @@
+// The login dialog: name and password or smart-card id and PIN, checked through PAM, every outcome reported;
+// and the dialog shown when console login is switched off.
+#include "screens/LoginDialog.h"
+
+#include "core/EventLoop.h"
+#include "core/Log.h"
+#include "core/Report.h"
+#include "core/Session.h"
+#include "core/SmartCardWatch.h"
+#include "platform/DnsConfig.h"
+#include "platform/HostCtlException.h"
+#include "platform/HostRoot.h"
+#include "platform/SystemInfo.h"
+#include "screens/ChangePasswordDialog.h"
+#include "screens/KeyboardDialog.h"
+#include "screens/ListFocus.h"
+#include "screens/LoginModel.h"
+#include "screens/Pam.h"
+#include "screens/PasswordModel.h"
+#include "ui/DialogSize.h"
+#include "ui/InputItem.h"
+#include "ui/Item.h"
+#include "ui/ItemList.h"
+#include "ui/StandardDialogs.h"
+
+#include <string.h>
+#include <unistd.h>
+
+namespace Tarn {
+namespace {
+
+constexpr int kWidth = 60;
+constexpr int kSplitRow = 7;    // title, blank, three body rows
+constexpr int kContentRows = 3; // keyboard item, login, password
+constexpr int kHeight = kSplitRow + kContentRows + 4;
+constexpr int kFieldWidth = 30;
+
+constexpr int kDisabledWidth = 60;
+constexpr int kDisabledHeight = 9;
+constexpr int kDisabledSplitRow = 6;
+
+// "prompt" + "host.domain." of the default stack; a host that cannot be read shows empty names.
+std::string HostLabelFor(const char* prompt) {
+    std::string host, domain;
+    try {
+        TesCtl::Network::DnsConfigImpl dns;
+        host = dns.GetHostname();
+        domain = dns.GetDomain();
+    } catch (const HostCtl::Lib::HostCtlException& e) {
+        Log(LOG_ERR, "Getting DNS configuration failed: %s", e.what());
+    }
+    return HostLabel(prompt, host, domain);
+}
+
+std::string ConfiguredKeyboardText() {
+    std::string layout;
+    try {
+        layout = TesCtl::System::SystemInfoImpl().GetKeyboardLayout();
+    } catch (const HostCtl::Lib::HostCtlException& e) {
+        Log(LOG_ERR, "Getting keyboard layout failed: %s", e.what());
+    }
+    return "Configured Keyboard (" + layout + ")";
+}
+
+// The cursor shows while a form is open, on every way out (an idle time-out included).
+struct CursorShown {
+    CursorShown() { Window::ShowCursor(true); }
+    ~CursorShown() { Window::ShowCursor(false); }
+};
+
+} // namespace
+
+void ClearPasswordField(InputItem& field) {
+    // The field's own buffer is wiped, not a copy of it.
+    std::string& value = const_cast<std::string&>(field.Value());
+    explicit_bzero(value.data(), value.size());
+    field.SetValue("");
+}
+
+bool LoginAllowed() {
+    return access(Platform::HostPath("/var/run/orvane/show-tarn-login").c_str(), F_OK) == 0;
+}
+
+LoginDialog::LoginDialog(Frame* parent) : Dialog(parent, kWidth, kHeight, kSplitRow) {
+    if (KeyboardChoice())
+        keyboard_ = std::make_unique<LabelItem>(ConfiguredKeyboardText(), true);
+    pinMode_ = !SmartCardUser().empty();
+    if (content_ != nullptr)
+        list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
+    Layout(pinMode_);
+}
+
+LoginDialog::~LoginDialog() {
+    if (password_ != nullptr)
+        ClearPasswordField(*password_);
+}
+
+void LoginDialog::Layout(bool pinMode) {
+    const LoginTexts texts = LoginModeTexts(pinMode);
+    SetTitle(Text(142));
+    SetBody(HostLabelFor(Text(texts.promptId)));
+    SetFooter(texts.footer);
+    if (password_ != nullptr)
+        ClearPasswordField(*password_);
+    const std::string login = pinMode ? SmartCardUser() : "root";
+    login_ = std::make_unique<InputItem>(Text(texts.loginLabelId), login, kFieldWidth);
+    password_ = std::make_unique<InputItem>(Text(texts.passwordLabelId), "", kFieldWidth);
+    password_->SetPassword(true);
+    std::vector<Item*> items;
+    if (keyboard_ != nullptr)
+        items.push_back(keyboard_.get());
+    items.push_back(login_.get());
+    items.push_back(password_.get());
+    if (list_ != nullptr)
+        list_->SetItems(items);
+}
+
+int LoginDialog::Focus() const {
+    return list_ != nullptr ? list_->FocusIndex() : 0;
+}
+
+void LoginDialog::FocusItem(int index) {
+    if (list_ != nullptr)
+        FocusListItem(*list_, index);
+}
+
+int LoginDialog::Foreground() {
+    CursorShown cursor;
+    Layout(pinMode_);
+    FocusItem(KeyboardChoice() ? 1 : 0);
+    Draw(true);
+    const int itemCount = keyboard_ != nullptr ? 3 : 2;
+    for (;;) {
+        const int key = GetKey(this, true);
+        switch (DecideLoginKey(key, Focus(), itemCount, keyboard_ != nullptr)) {
+        case LoginKeyAction::Cancel:
+            return 0;
+        case LoginKeyAction::RunKeyboard: {
+            KeyboardDialog keyboard(this);
+            RunWindow(&keyboard);
+            keyboard_->SetText(ConfiguredKeyboardText());
+            Draw(true);
+            break;
+        }
+        case LoginKeyAction::FocusNext:
+            FocusItem(Focus() + 1);
+            break;
+        case LoginKeyAction::FocusFirst:
+            FocusItem(0);
+            break;
+        case LoginKeyAction::Up:
+            if (list_ != nullptr)
+                list_->Up();
+            break;
+        case LoginKeyAction::Down:
+            if (list_ != nullptr)
+                list_->Down();
+            break;
+        case LoginKeyAction::SwitchMode:
+            pinMode_ = !pinMode_;
+            Layout(pinMode_);
+            FocusItem(KeyboardChoice() ? 1 : 0);
+            Draw(true);
+            break;
+        case LoginKeyAction::Edit: {
+            auto* field = dynamic_cast<InputItem*>(list_ != nullptr ? list_->FocusedItem() : nullptr);
+            if (field != nullptr && field->HandleKey(key))
+                list_->Draw();
+            break;
+        }
+        case LoginKeyAction::Submit:
+            if (Submit())
+                return 1;
+            break;
+        case LoginKeyAction::Ignore:
+            break;
+        }
+    }
+}
+
+bool LoginDialog::Submit() {
+    userName_ = login_->Value();
+    std::string password = password_->Value();
+    const LoginResult result = LoginStatusResult(Authenticate(userName_, password));
+    ReportLogin(result.outcome, userName_);
+    if (result.outcome == LoginOutcome::Success) {
+        SetLoggedInUser(userName_);
+        SetEmptyPassword(password.empty());
+        if (pinMode_)
+            SetSmartCardSessionUser(userName_);
+        WipePassword(password);
+        return true;
+    }
+    WipePassword(password);
+    if (result.changePassword)
+        SetLoggedInUser(userName_);
+    MessageDialog message(this, 151, Text(result.messageId));
+    RunWindow(&message);
+    if (result.changePassword) {
+        // The new password is not a login: the user signs in with it afterwards.
+        ChangePasswordDialog change(this);
+        RunWindow(&change);
+        Window::ShowCursor(true);
+    }
+    ClearPasswordField(*password_);
+    // Only the list is repainted: a full draw would throw away keys typed after the message closed.
+    if (list_ != nullptr)
+        list_->Draw();
+    return false;
+}
+
+LoginDisabledDialog::LoginDisabledDialog(Frame* parent)
+    : Dialog(parent, kDisabledWidth, kDisabledHeight, kDisabledSplitRow) {
+    SetTitle(Text(145));
+    SetBody(HostLabelFor(Text(146)));
+    SetFooter(kEnterOkFooter);
+}
+
+int LoginDisabledDialog::Foreground() {
+    for (;;) {
+        const int key = GetKey(this, true);
+        if (key == 10 || key == 27)
+            return 0;
+    }
+}
+
+} // namespace Tarn
