@@ -77,16 +77,69 @@ std::vector<std::string> ParseSupportLines(const std::string& fileText) {
     return lines;
 }
 
-std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows) {
-    std::string text;
+std::vector<std::string> ExpandSupportLines(const std::vector<std::string>& lines,
+                                            const std::map<InfoType, std::string>& facts) {
+    std::vector<std::string> expanded;
+    for (const std::string& line : lines) {
+        if (line.empty() || line[0] != '$') {
+            expanded.push_back(line);
+            continue;
+        }
+        std::string name = line.substr(1);
+        while (!name.empty() && (name.back() == ' ' || name.back() == '\t' || name.back() == '\r'))
+            name.pop_back();
+        std::optional<InfoType> key = TextArea::FindInfoType(name);
+        if (!key)
+            continue;
+        auto fact = facts.find(*key);
+        if (fact != facts.end() && !fact->second.empty())
+            expanded.push_back(fact->second);
+    }
+    return expanded;
+}
+
+namespace {
+
+struct PageShape {
+    bool above;
+    bool below;
+    size_t rows; // content lines shown
+};
+
+// The marks take a row each, so fewer content lines fit on a page that shows them.
+PageShape ShapeOf(size_t count, size_t first, size_t pageRows) {
     if (pageRows < 3)
         pageRows = 3;
-    bool above = first > 0;
-    // The marks take a row each, so fewer content lines fit on a page that shows them.
-    size_t rows = pageRows - (above ? 1 : 0);
-    bool below = lines.size() > first + rows;
-    if (below)
-        --rows;
+    PageShape shape{first > 0, false, 0};
+    shape.rows = pageRows - (shape.above ? 1 : 0);
+    shape.below = count > first + shape.rows;
+    if (shape.below)
+        --shape.rows;
+    return shape;
+}
+
+} // namespace
+
+size_t NextSupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows) {
+    PageShape shape = ShapeOf(lines.size(), first, pageRows);
+    return shape.below ? first + shape.rows : first;
+}
+
+size_t PreviousSupportPage(size_t first, size_t pageRows) {
+    if (pageRows < 3)
+        pageRows = 3;
+    // The previous page ends just above `first`; it shows the "<Page Down>" mark, and the "<Page Up>" mark
+    // too unless it is the first page.
+    if (first <= pageRows - 1)
+        return 0;
+    return first - (pageRows - 2);
+}
+
+std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows) {
+    std::string text;
+    const PageShape shape = ShapeOf(lines.size(), first, pageRows);
+    const bool above = shape.above, below = shape.below;
+    const size_t rows = shape.rows;
     if (above)
         text += "{align:right}<Page Up>{/align}\n";
     for (size_t i = first; i < lines.size() && i < first + rows; ++i)

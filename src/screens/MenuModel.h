@@ -2,6 +2,9 @@
 // table and its numbering, and paging of the support information. GeneralWindow draws from these.
 #pragma once
 
+#include "ui/TextArea.h"
+
+#include <map>
 #include <string>
 #include <vector>
 
@@ -41,7 +44,18 @@ int LogForDigit(const std::vector<int>& numbers, int digit);
 // Support information: lines of the file, "#" lines skipped, "$" lines kept for substitution.
 std::vector<std::string> ParseSupportLines(const std::string& fileText);
 
+// Support lines with every "$key" line resolved: a line that is "$" and an information key name (e.g.
+// "$corlaversion") becomes that host fact; a key without a known fact, or a name that is no key, drops the
+// line. The support file thus carries host-specific facts without being rewritten per host.
+std::vector<std::string> ExpandSupportLines(const std::vector<std::string>& lines,
+                                            const std::map<InfoType, std::string>& facts);
+
 // One page of support lines from `first`, with "<Page Up>"/"<Page Down>" marks where more lies.
 std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows);
+
+// Paging positions: the first line of the next page (unchanged on the last page) and of the previous one
+// (0 at the top), so that paging down and back up returns to the same lines.
+size_t NextSupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows);
+size_t PreviousSupportPage(size_t first, size_t pageRows);
 
 } // namespace Tarn

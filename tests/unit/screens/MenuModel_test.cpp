@@ -1,6 +1,7 @@
 // Menu entries and their enabling rules, log numbering, support paging.
 #include "screens/MenuModel.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace Tarn {
@@ -83,6 +84,52 @@ TEST(MenuSupport, CommentsSkippedAndPagesMarked) {
     EXPECT_NE(last.find("<Page Up>"), std::string::npos);
     EXPECT_EQ(last.find("<Page Down>"), std::string::npos);
     EXPECT_NE(last.find("line 5"), std::string::npos);
+}
+
+TEST(MenuSupport, DollarLinesBecomeHostFacts) {
+    std::map<InfoType, std::string> facts = {{InfoType::CorlaVersion, "8.1.0 (Build 4242)"},
+                                             {InfoType::ServiceTag, ""}};
+    auto lines = ExpandSupportLines(
+        {"Version:", "$corlaversion", "$servicetag", "$ipmi", "$", "a $b", "$corlaversion \r"}, facts);
+    // Known key with a fact: replaced; known key without one, unknown name, bare "$": dropped.
+    EXPECT_EQ(lines,
+              (std::vector<std::string>{"Version:", "8.1.0 (Build 4242)", "a $b", "8.1.0 (Build 4242)"}));
+}
+
+TEST(MenuSupport, PagingForwardAndBackCoversEveryLineOnce) {
+    std::vector<std::string> lines;
+    for (int i = 0; i < 23; ++i)
+        lines.push_back("line " + std::to_string(i));
+    for (size_t rows : {3u, 5u, 8u, 30u}) {
+        SCOPED_TRACE(rows);
+        std::vector<size_t> starts = {0};
+        std::string shown;
+        for (;;) {
+            shown += SupportPage(lines, starts.back(), rows);
+            size_t next = NextSupportPage(lines, starts.back(), rows);
+            if (next == starts.back())
+                break;
+            ASSERT_GT(next, starts.back());
+            starts.push_back(next);
+        }
+        // Each line appears on exactly one page.
+        for (const auto& line : lines) {
+            const std::string item = "{color:light-grey}" + line + "{/color}\n";
+            size_t at = shown.find(item);
+            ASSERT_NE(at, std::string::npos) << line;
+            EXPECT_EQ(shown.find(item, at + 1), std::string::npos) << line;
+        }
+        // Paging up retraces the same pages.
+        for (size_t i = starts.size() - 1; i > 0; --i)
+            EXPECT_EQ(PreviousSupportPage(starts[i], rows), starts[i - 1]);
+        EXPECT_EQ(PreviousSupportPage(0, rows), 0u);
+        // No page is taller than its rows.
+        for (size_t start : starts) {
+            std::string page = SupportPage(lines, start, rows);
+            EXPECT_LE(static_cast<size_t>(std::count(page.begin(), page.end(), '\n')),
+                      std::max<size_t>(rows, 3));
+        }
+    }
 }
 
 } // namespace
