@@ -3,7 +3,13 @@
 
 #include "ui/Window.h"
 
+#include <memory>
+
 namespace Tarn {
+
+class CheckItem;
+class ItemList;
+struct PowerAction;
 
 class ShutdownDialog : public Dialog {
 public:
@@ -11,6 +17,15 @@ public:
     ~ShutdownDialog() override;
     // 0 after Esc; does not return while the host goes down.
     int Foreground() override;
+
+private:
+    // Logs and reports the action before its confirm dialog runs.
+    static void Announce(const PowerAction& action);
+    // Virtual machines are left to the shutdown policy unless the check item asks to force them off.
+    bool SoftStop() const;
+
+    std::unique_ptr<CheckItem> terminate_;
+    ItemList* list_ = nullptr;
 };
 
 } // namespace Tarn

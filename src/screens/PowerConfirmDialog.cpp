@@ -1,0 +1,50 @@
+// Power confirm dialogs: "in progress" text, VM stop, the power command through the runner, then waiting.
+#include "screens/PowerConfirmDialog.h"
+
+#include "core/EventLoop.h"
+#include "core/Report.h"
+#include "core/Terminal.h"
+#include "hostops/CommandRunner.h"
+#include "hostops/KelpCmd.h"
+#include "platform/HostRoot.h"
+#include "ui/DialogSize.h"
+#include "ui/StringFactory.h"
+
+#include <string>
+
+namespace Tarn {
+namespace {
+
+DialogSize SizeFor(const PowerAction& action) {
+    const StringFactory* strings = StringFactory::Get("en_US");
+    return MessageDialogSize(strings->GetString(action.titleId), strings->GetString(action.textId),
+                             ScreenColumns(), ScreenLines());
+}
+
+} // namespace
+
+const PowerAction kShutdownAction = {"Shutting down host", kEventShutdownHost, 170, 171,
+                                     "/sbin/poweroff",     "poweroff"};
+const PowerAction kRebootAction = {"Rebooting host", kEventRebootHost, 174, 175, "/sbin/reboot", "reboot"};
+
+PowerConfirmDialog::PowerConfirmDialog(Frame* parent, const PowerAction& action, bool softStop)
+    : Dialog(parent, SizeFor(action).width, SizeFor(action).height, SizeFor(action).splitRow),
+      action_(action), softStop_(softStop) {
+    SetTitle(Text(action.titleId));
+    SetBody(Text(action.textId));
+}
+
+int PowerConfirmDialog::Foreground() {
+    StopAllVirtualMachines(softStop_);
+
+    const char* argv[] = {action_.programName, nullptr};
+    const std::string path = Platform::HostPath(action_.program);
+    if (RunProcess(path.c_str(), argv, nullptr, nullptr, nullptr, nullptr, nullptr, 0, 0) == -1)
+        return 0;
+    // The host is going down and ends the console; until then keys mean nothing, and no idle time-out
+    // may log the user out in the middle of it.
+    for (;;)
+        GetKey(this, false);
+}
+
+} // namespace Tarn

@@ -1,0 +1,162 @@
+// A simulated host made by `simhost init` in a temporary directory, selected as the host root, and an
+// off-screen 80x24 curses terminal whose keys come from a pipe: dialogs run for real against both.
+#pragma once
+
+#include "platform/HostRoot.h"
+
+#include <nlohmann/json.hpp>
+
+#include <gtest/gtest.h>
+
+#include <curses.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
+
+class ScreenHostFixture : public ::testing::Test {
+protected:
+    using Json = nlohmann::json;
+
+    void SetUp() override {
+        std::string pattern = (std::filesystem::temp_directory_path() / "tarn-screens-XXXXXX").string();
+        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+        dir_ = pattern;
+        ASSERT_EQ(RunSimhost({"init", dir_}), 0) << "simhost init failed in " << dir_;
+        Platform::UseSimulatedHost(dir_);
+
+        ASSERT_EQ(pipe(keys_), 0);
+        savedStdin_ = dup(0);
+        ASSERT_GE(dup2(keys_[0], 0), 0); // the event loop polls descriptor 0
+        out_ = std::fopen("/dev/null", "w");
+        set_escdelay(25);
+        screen_ = newterm("xterm-256color", out_, stdin);
+        ASSERT_NE(screen_, nullptr);
+        set_term(screen_);
+        keypad(stdscr, TRUE);
+        resizeterm(24, 80);
+        flushinp(); // the resize queues KEY_RESIZE, which would end the program in GetKey
+    }
+
+    void TearDown() override {
+        if (screen_ != nullptr) {
+            endwin();
+            delscreen(screen_);
+        }
+        if (out_ != nullptr)
+            std::fclose(out_);
+        if (savedStdin_ >= 0) {
+            dup2(savedStdin_, 0);
+            close(savedStdin_);
+        }
+        close(keys_[0]);
+        close(keys_[1]);
+        Platform::UseRealHost();
+        std::error_code ignored;
+        std::filesystem::remove_all(dir_, ignored);
+    }
+
+    // Queues keys: plain text, or terminfo capability names such as "kf2", "kcud1".
+    void Type(const std::string& text) {
+        ASSERT_EQ(write(keys_[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    }
+    void Press(const char* capability) {
+        const char* sequence = tigetstr(capability);
+        ASSERT_TRUE(sequence != nullptr && sequence != reinterpret_cast<char*>(-1)) << capability;
+        Type(sequence);
+    }
+    void Esc() { Type("\033"); }
+
+    std::string Read(const std::string& relative) const {
+        std::ifstream in(dir_ + "/" + relative);
+        std::stringstream text;
+        text << in.rdbuf();
+        return text.str();
+    }
+    std::vector<std::string> Lines(const std::string& relative) const {
+        std::vector<std::string> lines;
+        std::istringstream in(Read(relative));
+        for (std::string line; std::getline(in, line);)
+            lines.push_back(line);
+        return lines;
+    }
+
+    // Every tool call the host recorded, as its argv joined with blanks.
+    std::vector<std::string> Calls() const {
+        std::vector<std::string> calls;
+        for (const std::string& line : Lines("var/log/simhost-calls.log")) {
+            std::string joined;
+            for (const auto& word : Json::parse(line))
+                joined += (joined.empty() ? "" : " ") + word.get<std::string>();
+            calls.push_back(joined);
+        }
+        return calls;
+    }
+
+    // The message parts of the console's syslog lines ("... TARN[pid]: message").
+    std::vector<std::string> LogMessages() const {
+        std::vector<std::string> messages;
+        for (const std::string& line : Lines("var/log/syslog.log")) {
+            size_t at = line.find("]: ");
+            messages.push_back(at == std::string::npos ? line : line.substr(at + 3));
+        }
+        return messages;
+    }
+    bool Logged(const std::string& message) const {
+        for (const std::string& m : LogMessages())
+            if (m == message)
+                return true;
+        return false;
+    }
+
+    Json State() const { return Json::parse(Read("etc/simhost/host.json")); }
+    void EditState(const std::function<void(Json&)>& edit) const {
+        Json state = State();
+        edit(state);
+        std::ofstream(dir_ + "/etc/simhost/host.json") << state.dump(2);
+    }
+
+    const std::string& Dir() const { return dir_; }
+
+private:
+    static std::string BuildDir() {
+        if (const char* dir = std::getenv("TARN_BUILD_DIR"); dir && *dir)
+            return dir;
+        return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+    }
+
+    // Runs the simhost CLI quietly and returns its exit code.
+    static int RunSimhost(const std::vector<std::string>& args) {
+        const std::string path = BuildDir() + "/simhost";
+        pid_t pid = fork();
+        if (pid == 0) {
+            std::FILE* devnull = std::fopen("/dev/null", "w");
+            if (devnull != nullptr) {
+                dup2(fileno(devnull), 1);
+                dup2(fileno(devnull), 2);
+            }
+            std::vector<char*> argv{const_cast<char*>("simhost")};
+            for (const std::string& a : args)
+                argv.push_back(const_cast<char*>(a.c_str()));
+            argv.push_back(nullptr);
+            execv(path.c_str(), argv.data());
+            _exit(127);
+        }
+        int status = 0;
+        waitpid(pid, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    std::string dir_;
+    int keys_[2] = {-1, -1};
+    int savedStdin_ = -1;
+    FILE* out_ = nullptr;
+    SCREEN* screen_ = nullptr;
+};
