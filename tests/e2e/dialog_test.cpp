@@ -1,5 +1,7 @@
 // Modal dialogs on the root screen: the parent is dimmed while a dialog runs and restored when it returns;
-// a dialog that does not fit the terminal does not bring the program down.
+// a dialog that does not fit the terminal does not bring the program down. F2 opens whatever dialog the
+// root screen puts there (a notification, the login or the login-disabled dialog): the checks look at the
+// parent's cells and the dialog's frame, not at the dialog's words.
 #include "harness/Console.h"
 #include "harness/Screenshot.h"
 
@@ -10,50 +12,71 @@ namespace e2e {
 namespace {
 
 constexpr const char* kReady = "<F2>";
-constexpr const char* kBody = "This console is starting up.";
 
 bool Dimmed(const Cell& c) {
     return c.fg.Index() == 6 && c.bg.Index() == 0;
 }
 
+// The F2 hint of the root screen: part of the parent that no centred dialog covers.
+struct Root {
+    Console& c;
+    Pos hint;
+    std::string text; // the root screen's text with no dialog over it
+    Cell HintCell() { return c->CellAt(hint.col + 1, hint.row); }
+    bool ParentDimmed() { return Dimmed(HintCell()); }
+    bool DialogShown() { return c->View().Text() != text; }
+    // Esc cancels a dialog that takes input; a notification only closes on Enter.
+    bool CloseDialog() {
+        c->Key("Esc");
+        if (c->WaitFor([&] { return !DialogShown(); }, 400ms))
+            return true;
+        c->Key("Enter");
+        return c->WaitFor([&] { return !DialogShown(); });
+    }
+};
+
+Root Ready(Console& c) {
+    EXPECT_TRUE(c->WaitForText(kReady)) << c->View().Text();
+    EXPECT_TRUE(c->WaitQuiet(50ms));
+    auto hint = c->Find(kReady);
+    return Root{c, hint.value_or(Pos{}), c->View().Text()};
+}
+
+// The top-left corner of a frame drawn away from the screen's own edge.
+std::optional<Pos> DialogCorner(const Screen& s) {
+    for (int row = 1; row < s.Rows(); ++row)
+        for (int col = 1; col < s.Cols(); ++col)
+            if (s.CellAt(col, row).text == "\u250c")
+                return Pos{col, row};
+    return std::nullopt;
+}
+
 TEST(Dialog, ModalDialogDimsItsParentAndRestoresItOnReturn) {
     Console c({.rows = 30, .cols = 100});
-    ASSERT_TRUE(c->WaitForText(kReady));
-    const Pos hint = *c->Find(kReady);
-    const Pos product = *c->Find("Orvane Hypervisor");
-    const Cell hintBefore = c->CellAt(hint.col + 1, hint.row);
-    const Cell productBefore = c->CellAt(product.col, product.row);
-    ASSERT_FALSE(Dimmed(hintBefore));
-    ASSERT_FALSE(Dimmed(productBefore));
+    Root root = Ready(c);
+    const Cell before = root.HintCell();
+    ASSERT_FALSE(root.ParentDimmed());
 
-    c->Key("F2");
-    ASSERT_TRUE(c->WaitForText(kBody)) << c->View().Text();
-    ASSERT_TRUE(c->WaitForText("<Enter>"));
-    // Parent cells outside the dialog: dark grey on black, text unchanged.
-    EXPECT_TRUE(c->WaitFor([&] { return Dimmed(c->CellAt(hint.col + 1, hint.row)); }))
-        << "hint fg " << c->CellAt(hint.col + 1, hint.row).fg.Index();
-    EXPECT_TRUE(c->Find(kReady).has_value());
-    // The dialog itself is drawn active: its title pane is not dimmed.
-    const Pos title = *c->Find("Notification");
-    EXPECT_EQ(c->CellAt(title.col, title.row).bg.Index(), 6);
-    EXPECT_EQ(c->CellAt(title.col, title.row).fg.Index(), 7);
-    SaveScreenshot(c->View(), "dialog-notification");
+    for (int round = 1; round <= 2; ++round) { // the second run shows that nothing was left behind
+        SCOPED_TRACE(round);
+        c->Key("F2");
+        ASSERT_TRUE(c->WaitFor([&] { return root.ParentDimmed(); })) << c->View().Text();
+        c->WaitQuiet(50ms);
+        EXPECT_TRUE(c->Find(kReady) == root.hint) << "dimmed, not erased";
+        // The dialog itself is drawn active: its frame is not dark grey on black.
+        auto corner = DialogCorner(c->View());
+        ASSERT_TRUE(corner) << c->View().Text();
+        EXPECT_FALSE(Dimmed(c->CellAt(corner->col + 1, corner->row + 1)));
+        if (round == 1)
+            SaveScreenshot(c->View(), "dialog-over-root");
 
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextGone(kBody));
-    EXPECT_TRUE(c->WaitFor([&] { return !Dimmed(c->CellAt(hint.col + 1, hint.row)); }));
-    const Cell hintAfter = c->CellAt(hint.col + 1, hint.row);
-    EXPECT_EQ(hintAfter.fg.Index(), hintBefore.fg.Index());
-    EXPECT_EQ(hintAfter.bg.Index(), hintBefore.bg.Index());
-    const Cell productAfter = c->CellAt(product.col, product.row);
-    EXPECT_EQ(productAfter.fg.Index(), productBefore.fg.Index());
-    EXPECT_EQ(c->Find("Orvane Hypervisor"), product);
-
-    // Opening it again works the same way: nothing was left behind by the first run.
-    c->Key("F2");
-    EXPECT_TRUE(c->WaitForText(kBody));
-    c->Key("Enter");
-    EXPECT_TRUE(c->WaitForTextGone(kBody));
+        ASSERT_TRUE(root.CloseDialog()) << c->View().Text();
+        c->WaitQuiet(50ms);
+        const Cell after = root.HintCell();
+        EXPECT_EQ(after.fg.Index(), before.fg.Index());
+        EXPECT_EQ(after.bg.Index(), before.bg.Index());
+        EXPECT_EQ(c->View().Text(), root.text);
+    }
     EXPECT_TRUE(c->Running());
 }
 
@@ -61,15 +84,13 @@ TEST(Dialog, BorderIsDrawnWithLineCharacters) {
     for (auto term : {"xterm-256color", "vt102"}) {
         SCOPED_TRACE(term);
         Console c({.term = term});
-        ASSERT_TRUE(c->WaitForText(kReady));
+        Ready(c);
         c->Key("F2");
-        ASSERT_TRUE(c->WaitForText(kBody));
-        c->WaitQuiet(50ms);
-        // The frame's top-left corner is one row above and three columns left of the title text.
-        const Pos title = *c->Find("Notification");
-        EXPECT_EQ(c->CellAt(title.col - 3, title.row - 1).text, "\u250c") << c->View().Text();
-        EXPECT_EQ(c->CellAt(title.col, title.row - 1).text, "\u2500");
-        EXPECT_EQ(c->CellAt(title.col - 3, title.row).text, "\u2502");
+        c->WaitQuiet(100ms);
+        auto corner = DialogCorner(c->View());
+        ASSERT_TRUE(corner) << c->View().Text();
+        EXPECT_EQ(c->CellAt(corner->col + 1, corner->row).text, "\u2500");
+        EXPECT_EQ(c->CellAt(corner->col, corner->row + 1).text, "\u2502");
     }
 }
 
@@ -77,29 +98,14 @@ TEST(Dialog, BorderIsDrawnWithLineCharacters) {
 // (ESC [ [ A..E); such a terminal reaches F2 through the ESC-digit form.
 TEST(Dialog, LinuxTermOnAPtyReachesF2ThroughEscDigit) {
     Console c({.term = "linux"});
-    ASSERT_TRUE(c->WaitForText(kReady));
+    Root root = Ready(c);
     c->Key("F2");
     EXPECT_TRUE(c->WaitQuiet(150ms));
-    EXPECT_FALSE(c->View().Contains(kBody));
+    EXPECT_FALSE(root.DialogShown());
     c->Send("\x1b"
             "2");
-    EXPECT_TRUE(c->WaitForText(kBody)) << c->View().Text();
-    c->Key("Enter");
-    EXPECT_TRUE(c->WaitForTextGone(kBody));
-}
-
-TEST(Dialog, OtherKeysDoNotCloseANotification) {
-    Console c;
-    ASSERT_TRUE(c->WaitForText(kReady));
-    c->Key("F2");
-    ASSERT_TRUE(c->WaitForText(kBody));
-    c->Key("Esc");
-    c->Key("Down");
-    c->Type("x");
-    EXPECT_TRUE(c->WaitQuiet(150ms));
-    EXPECT_TRUE(c->View().Contains(kBody));
-    c->Key("Enter");
-    EXPECT_TRUE(c->WaitForTextGone(kBody));
+    EXPECT_TRUE(c->WaitFor([&] { return root.DialogShown(); })) << c->View().Text();
+    EXPECT_TRUE(root.CloseDialog()) << c->View().Text();
 }
 
 TEST(Dialog, DialogLargerThanTheScreenDoesNotCrash) {
@@ -109,11 +115,11 @@ TEST(Dialog, DialogLargerThanTheScreenDoesNotCrash) {
         ASSERT_TRUE(c->WaitForText(kReady)) << c->View().Text();
         c->Key("F2");
         c->WaitQuiet(150ms);
-        EXPECT_TRUE(c->Running()) << c->Exit()->Describe();
+        ASSERT_TRUE(c->Running()) << c->Exit()->Describe();
+        c->Key("Esc");
         c->Key("Enter");
         c->WaitQuiet(150ms);
-        EXPECT_TRUE(c->Running());
-        EXPECT_TRUE(c->View().Contains(kReady)) << c->View().Text();
+        ASSERT_TRUE(c->Running()) << c->Exit()->Describe();
         c->Signal(SIGTERM);
         auto status = c->WaitExit();
         ASSERT_TRUE(status);
