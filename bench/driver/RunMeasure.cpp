@@ -67,6 +67,7 @@ RunSample MeasureRun(const ProgramSpec& program, const BenchOptions& o) {
     s.paintBytes = double(t.Output().size());
 
     std::vector<double> keyMs, keyBytes;
+    std::map<std::string, std::vector<double>> perKeyMs, perKeyBytes;
     for (int cycle = 0; cycle < o.keyCycles; ++cycle) {
         for (const auto& key : program.keys) {
             const std::string bytes = KeyBytesFor(o.term, key);
@@ -80,10 +81,16 @@ RunSample MeasureRun(const ProgramSpec& program, const BenchOptions& o) {
             t.WaitQuiet(quiet, 5s);
             keyMs.push_back(Ms(t.LastOutput() - sent));
             keyBytes.push_back(double(t.Output().size() - before));
+            perKeyMs[key].push_back(keyMs.back());
+            perKeyBytes[key].push_back(keyBytes.back());
         }
     }
     s.keyMs = Median(keyMs);
     s.keyBytes = Median(keyBytes);
+    for (const auto& [key, values] : perKeyMs) {
+        s.perKeyMs[key] = Median(values);
+        s.perKeyBytes[key] = Median(perKeyBytes[key]);
+    }
 
     auto before = e2e::ReadProcStats(t.Pid());
     const size_t bytesBefore = t.Output().size();

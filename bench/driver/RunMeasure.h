@@ -3,6 +3,7 @@
 
 #include "BenchOptions.h"
 
+#include <map>
 #include <optional>
 #include <string>
 
@@ -14,8 +15,9 @@ struct RunSample {
     double keyMs = 0;      // median over the keys of this run: key written to last byte of its repaint
     double keyBytes = 0;   // median bytes per key
     int keysWithoutOutput = 0;
-    double idleCpuMs = 0;     // user + system CPU over the idle window
-    double idleVoluntary = 0; // context switches over the idle window
+    std::map<std::string, double> perKeyMs, perKeyBytes; // median per key name over the cycles
+    double idleCpuMs = 0;                                // user + system CPU over the idle window
+    double idleVoluntary = 0;                            // context switches over the idle window
     double idleInvoluntary = 0;
     double idleBytes = 0; // bytes written during the idle window
     double peakRssKb = 0; // VmHWM just before the end

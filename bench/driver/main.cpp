@@ -107,6 +107,20 @@ int main(int argc, char** argv) {
             std::snprintf(ratio, sizeof ratio, "%.2f", mb / ma);
         std::printf("%-32s %6s %12.1f %12.1f %10s\n", m.name, m.unit, ma, mb, ratio);
     }
+    // Each key on its own (a key that opens a dialog and one that closes it cost differently).
+    for (const auto* runs : {&ref, &tarn}) {
+        const bool isTarn = runs == &tarn;
+        for (const auto& key : (isTarn ? o.tarn : o.reference).keys) {
+            std::vector<double> ms, bytes;
+            for (const auto& s : *runs)
+                if (s.perKeyMs.count(key)) {
+                    ms.push_back(s.perKeyMs.at(key));
+                    bytes.push_back(s.perKeyBytes.at(key));
+                }
+            std::printf("%-9s key %-12s %8.2f ms %8.0f B\n", isTarn ? "tarn" : "reference", key.c_str(),
+                        Median(ms), Median(bytes));
+        }
+    }
     if (missingKeys[0] || missingKeys[1])
         std::printf("keys without any repaint: reference %d, tarn %d\n", missingKeys[0], missingKeys[1]);
     return 0;
