@@ -12,6 +12,7 @@ int Usage() {
     std::cerr << "usage: simhost init DIR [--scenario NAME]\n"
                  "       simhost scenarios\n"
                  "       simhost show DIR\n"
+                 "       simhost power DIR       (prints on, rebooting or off)\n"
                  "       simhost power-on DIR\n";
     return 2;
 }
@@ -40,6 +41,10 @@ int Run(const std::vector<std::string>& a) {
     }
     if (command == "show" && a.size() == 2) {
         std::cout << SimHost::Load(a[1]).dump(2) << "\n";
+        return 0;
+    }
+    if (command == "power" && a.size() == 2) {
+        std::cout << SimHost::Load(a[1]).value("/power/state"_json_pointer, std::string("on")) << "\n";
         return 0;
     }
     if (command == "power-on" && a.size() == 2) {
