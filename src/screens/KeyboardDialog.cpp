@@ -15,9 +15,9 @@ namespace {
 
 using HostCtl::Lib::HostCtlException;
 
-constexpr int kWidth = 60;
+constexpr int kWidth = 72;
 constexpr int kHeight = 20;
-constexpr int kSplitRow = 7;
+constexpr int kSplitRow = 6;
 
 constexpr const char* kFooter =
     "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}  {color:black}<Space>{/color} "
