@@ -26,6 +26,11 @@ const char* OriginLabel(const StringFactory& strings, int type) {
 
 } // namespace
 
+std::string WelcomeFooter(const StringFactory& strings) {
+    return std::string("<F2> {color:dark-grey}") + strings.GetString(0) +
+           "{/color}{align:right}<F12> {color:dark-grey}" + strings.GetString(1) + "{/color}{/align}";
+}
+
 std::string Ipv6Lines(const StringFactory& strings, const std::vector<WelcomeIpv6Address>& addresses) {
     // Five fit as well as four plus "...", so five are shown whole.
     size_t shown = addresses.size() == 5 ? 5 : std::min<size_t>(addresses.size(), 4);

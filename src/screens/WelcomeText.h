@@ -26,6 +26,15 @@ struct WelcomeNetworkFacts {
     std::vector<WelcomeIpv6Address> ipv6; // running, in the host's order
 };
 
+// Shown in the management box when the host has no physical adapter, and raised once as a system alert.
+inline constexpr const char* kNoAdapterMessage = "No compatible network adapter found. Please consult the "
+                                                 "product's Hardware Compatibility Guide (HCG) for "
+                                                 "a list of supported adapters.";
+inline constexpr const char* kNoAdapterAlert = "No compatible network adapter found.";
+
+// The key hints: F2 on the left, F12 on the right.
+std::string WelcomeFooter(const StringFactory& strings);
+
 // The management box text: heading, host-name line, IPv4 line and its origin label, IPv6 lines.
 std::string ManagementText(const StringFactory& strings, const WelcomeNetworkFacts& facts);
 

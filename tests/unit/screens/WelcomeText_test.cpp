@@ -85,6 +85,12 @@ TEST(WelcomeMemory, Figures) {
     EXPECT_EQ(MemoryFigure(2 * (GiB << 10)), "2 TiB Memory");
 }
 
+TEST(WelcomeFooter, KeyHintsLeftAndRight) {
+    EXPECT_EQ(WelcomeFooter(Strings()),
+              "<F2> {color:dark-grey}Customize System/View Logs{/color}{align:right}<F12> "
+              "{color:dark-grey}Shut Down/Restart{/color}{/align}");
+}
+
 TEST(WelcomeCpu, PackagesAndMemoryLine) {
     EXPECT_EQ(CpuAndMemoryText(1, " Xeon   Gold ", 262144, 4096), "Xeon Gold\n1 GiB Memory");
     EXPECT_EQ(CpuAndMemoryText(2, "Xeon", 262144, 4096), "2 x Xeon\n1 GiB Memory");
