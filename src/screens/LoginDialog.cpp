@@ -30,9 +30,12 @@ namespace Tarn {
 namespace {
 
 constexpr int kWidth = 60;
-constexpr int kSplitRow = 7;    // title, blank, three body rows
-constexpr int kContentRows = 3; // keyboard item, login, password
-constexpr int kHeight = kSplitRow + kContentRows + 4;
+constexpr int kSplitRow = 7; // title, blank, three body rows (long host names wrap)
+
+// One content row per item: the keyboard item when offered, the login and the password field.
+int DialogHeight() {
+    return kSplitRow + (KeyboardChoice() ? 3 : 2) + 4;
+}
 constexpr int kFieldWidth = 30;
 
 constexpr int kDisabledWidth = 60;
@@ -81,7 +84,7 @@ bool LoginAllowed() {
     return access(Platform::HostPath("/var/run/orvane/show-tarn-login").c_str(), F_OK) == 0;
 }
 
-LoginDialog::LoginDialog(Frame* parent) : Dialog(parent, kWidth, kHeight, kSplitRow) {
+LoginDialog::LoginDialog(Frame* parent) : Dialog(parent, kWidth, DialogHeight(), kSplitRow) {
     if (KeyboardChoice())
         keyboard_ = std::make_unique<LabelItem>(ConfiguredKeyboardText(), true);
     pinMode_ = !SmartCardUser().empty();
