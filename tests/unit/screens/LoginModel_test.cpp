@@ -36,16 +36,6 @@ TEST(LoginKeys, KeyboardItemOpensTheLayoutChoiceAndTakesNoTyping) {
     EXPECT_EQ(DecideLoginKey(Key::Enter, 2, 3, true), A::Submit);
 }
 
-TEST(LoginKeys, ModeSwitchMovesAndCancelAnywhere) {
-    for (int focus = 0; focus < 3; ++focus) {
-        EXPECT_EQ(DecideLoginKey(Key::Escape, focus, 3, true), A::Cancel);
-        EXPECT_EQ(DecideLoginKey(Key::F(3), focus, 3, true), A::SwitchMode);
-        EXPECT_EQ(DecideLoginKey(Key::Up, focus, 3, true), A::Up);
-        EXPECT_EQ(DecideLoginKey(Key::Down, focus, 3, true), A::Down);
-    }
-    EXPECT_EQ(DecideLoginKey(-1, 1, 2, false), A::Ignore) << "an incomplete escape sequence";
-}
-
 TEST(LoginOutcomes, EachPamStatusHasItsRow) {
     LoginResult ok = LoginStatusResult(PAM_SUCCESS);
     EXPECT_EQ(ok.outcome, LoginOutcome::Success);
@@ -68,22 +58,6 @@ TEST(LoginOutcomes, EachPamStatusHasItsRow) {
         EXPECT_EQ(other.messageId, 152u) << status;
         EXPECT_FALSE(other.changePassword) << status;
     }
-}
-
-TEST(LoginTexts, HostLabelAndModes) {
-    EXPECT_EQ(HostLabel("for ", "esx01", "corp.test"), "for esx01.corp.test.");
-    EXPECT_EQ(HostLabel("for ", "", ""), "for ..");
-
-    LoginTexts pin = LoginModeTexts(true);
-    EXPECT_EQ(pin.promptId, 144u);
-    EXPECT_EQ(pin.loginLabelId, 148u);
-    EXPECT_EQ(pin.passwordLabelId, 150u);
-    EXPECT_NE(std::string(pin.footer).find("{color:black>}<F3>"), std::string::npos);
-    LoginTexts password = LoginModeTexts(false);
-    EXPECT_EQ(password.promptId, 143u);
-    EXPECT_EQ(password.loginLabelId, 147u);
-    EXPECT_EQ(password.passwordLabelId, 149u);
-    EXPECT_EQ(std::string(password.footer).find("<F3>"), std::string::npos);
 }
 
 } // namespace
