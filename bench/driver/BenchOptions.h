@@ -6,7 +6,7 @@
 
 namespace bench {
 
-struct ProgramSpec {
+struct Program {
     std::string name;              // column title
     std::string path;              // absolute path of the program
     std::string readyText;         // text whose appearance starts the "settled" watch; empty: any output
@@ -22,7 +22,7 @@ struct BenchOptions {
     int rows = 30, cols = 100;
     std::string term = "linux";
     std::string scenario = "default";
-    ProgramSpec reference, tarn;
+    Program reference, tarn;
 };
 
 // Throws std::invalid_argument with a usage text on a bad argument.

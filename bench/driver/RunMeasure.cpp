@@ -42,7 +42,7 @@ std::string KeyBytesFor(const std::string& term, const std::string& key) {
 
 } // namespace
 
-RunSample MeasureRun(const ProgramSpec& program, const BenchOptions& o) {
+RunSample MeasureRun(const Program& program, const BenchOptions& o) {
     RunSample s;
     std::unique_ptr<e2e::SimHost> host;
     if (program.needsHost)
@@ -53,7 +53,7 @@ RunSample MeasureRun(const ProgramSpec& program, const BenchOptions& o) {
     launch.rows = o.rows;
     launch.cols = o.cols;
     if (host)
-        launch.env["TARN_HOST"] = host->HostSpec();
+        launch.env["TARN_HOST"] = host->TarnHostValue();
     const auto quiet = std::chrono::milliseconds(o.quietMs);
 
     e2e::Terminal t(launch);

@@ -25,6 +25,6 @@ struct RunSample {
     std::string failure;  // non-empty: the run did not complete and its numbers are not used
 };
 
-RunSample MeasureRun(const ProgramSpec& program, const BenchOptions& options);
+RunSample MeasureRun(const Program& program, const BenchOptions& options);
 
 } // namespace bench

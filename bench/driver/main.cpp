@@ -72,15 +72,15 @@ int main(int argc, char** argv) {
         const bool tarnFirst = round % 2 == 0;
         for (int k = 0; k < 2; ++k) {
             const bool isTarn = (k == 0) == tarnFirst;
-            const bench::ProgramSpec& spec = isTarn ? o.tarn : o.reference;
+            const bench::Program& program = isTarn ? o.tarn : o.reference;
             RunSample s;
             try {
-                s = bench::MeasureRun(spec, o);
+                s = bench::MeasureRun(program, o);
             } catch (const std::exception& e) {
                 s.failure = e.what();
             }
             if (!s.failure.empty()) {
-                std::fprintf(stderr, "round %d %s: %s\n", round, spec.name.c_str(), s.failure.c_str());
+                std::fprintf(stderr, "round %d %s: %s\n", round, program.name.c_str(), s.failure.c_str());
                 continue;
             }
             missingKeys[isTarn] += s.keysWithoutOutput;

@@ -13,7 +13,7 @@ LaunchOptions Console::Launch(const SimHost& host, const ConsoleOptions& o) {
     l.rows = o.rows;
     l.cols = o.cols;
     l.env = o.env;
-    l.env["TARN_HOST"] = host.HostSpec();
+    l.env["TARN_HOST"] = host.TarnHostValue();
     return l;
 }
 

@@ -59,14 +59,14 @@ void AppendUtf8(std::string& s, uint32_t cp) {
 }
 
 // "rgb:R/G/B" with 1 to 4 hex digits per component, scaled to 8 bits.
-std::optional<Rgb> ParseXColor(std::string_view spec) {
-    if (spec.substr(0, 4) != "rgb:")
+std::optional<Rgb> ParseXColor(std::string_view text) {
+    if (text.substr(0, 4) != "rgb:")
         return std::nullopt;
-    spec.remove_prefix(4);
+    text.remove_prefix(4);
     uint8_t parts[3];
     for (int i = 0; i < 3; ++i) {
-        size_t slash = spec.find('/');
-        std::string_view part = spec.substr(0, slash);
+        size_t slash = text.find('/');
+        std::string_view part = text.substr(0, slash);
         if (part.empty() || part.size() > 4)
             return std::nullopt;
         char* end = nullptr;
@@ -78,7 +78,7 @@ std::optional<Rgb> ParseXColor(std::string_view spec) {
         parts[i] = uint8_t((v * 255 + max / 2) / max);
         if (i < 2 && slash == std::string_view::npos)
             return std::nullopt;
-        spec = slash == std::string_view::npos ? std::string_view() : spec.substr(slash + 1);
+        text = slash == std::string_view::npos ? std::string_view() : text.substr(slash + 1);
     }
     return Rgb{parts[0], parts[1], parts[2]};
 }
@@ -141,7 +141,7 @@ void Screen::ResetPalette(int upTo) {
     }
 }
 
-// OSC 4 ; index ; spec [; index ; spec ...] sets entries; OSC 104 resets them.
+// OSC 4 ; index ; colour [; index ; colour ...] sets entries; OSC 104 resets them.
 void Screen::OnOsc(std::string_view command) {
     if (command == "104" || command.substr(0, 4) == "104;") {
         ResetPalette(256);

@@ -20,7 +20,7 @@ public:
     const std::string& Dir() const { return dir_; }
     std::string Path(const std::string& relative) const { return dir_ + "/" + relative; }
     // The value for TARN_HOST.
-    std::string HostSpec() const { return "sim:" + dir_; }
+    std::string TarnHostValue() const { return "sim:" + dir_; }
 
     // A file's text; empty when it does not exist.
     std::string ReadFile(const std::string& relative) const;
