@@ -94,46 +94,31 @@ TEST(Power, RestartWithoutTheCheckItemHaltsGuestsGentlyThenReboots) {
     EXPECT_TRUE(EventRecorded(c, "@&!*@*@(obe.user.tarn.reboot.host)Rebooting host"));
 }
 
-TEST(Power, PowerCommandThatCannotStartBringsTheShutdownDialogBack) {
+TEST(Power, PowerCommandThatCannotStartBringsTheShutdownDialogBackAndEscRunsNothing) {
     Console c;
     OpenShutdown(c);
     std::filesystem::remove(c.Host().Path("sbin/poweroff"));
     const size_t before = c.Host().ToolCalls().size();
 
     c->Key("F2");
-    // Back in the shut-down dialog, which still takes keys.
     ASSERT_TRUE(c->WaitFor([&] { return c.Host().ToolCalls().size() >= before + 3; })) << c->View().Text();
     ASSERT_TRUE(c->WaitForTextGone("Shutdown in progress...")) << c->View().Text();
     ASSERT_TRUE(c->WaitQuiet(100ms));
     EXPECT_TRUE(c->View().Contains(kTitle));
-    EXPECT_TRUE(c->Running());
     EXPECT_EQ(CallsSince(c, before), StopCalls(false));
     EXPECT_EQ(c.Host().HostJson()["power"]["state"], "on");
     // Logged and reported before the command was tried.
     EXPECT_EQ(c.Host().SyslogMatching("Shutting down host").size(), 1u);
     EXPECT_TRUE(EventRecorded(c, "@&!*@*@(obe.user.tarn.shutdown.host)Shutting down host"));
 
+    // The dialog still takes keys; Esc leaves it without running anything more.
     c->Type(" ");
-    EXPECT_TRUE(c->WaitForText("[X] " + std::string(kCheckItem))) << c->View().Text();
+    ASSERT_TRUE(c->WaitForText("[X] " + std::string(kCheckItem))) << c->View().Text();
     c->Key("Esc");
     EXPECT_TRUE(c->WaitForTextGone(kCheckItem)) << c->View().Text();
     EXPECT_TRUE(c->WaitForText("<F12>"));
-    EXPECT_TRUE(c->Running());
-}
-
-TEST(Power, EscInTheShutdownDialogRunsNothing) {
-    Console c;
-    OpenShutdown(c);
-    const size_t before = c.Host().ToolCalls().size();
-    c->Type(" ");
-    ASSERT_TRUE(c->WaitForText("[X] " + std::string(kCheckItem)));
-    c->Key("Esc");
-    ASSERT_TRUE(c->WaitForTextGone(kCheckItem)) << c->View().Text();
-    EXPECT_TRUE(c->WaitForText("<F12>"));
     EXPECT_TRUE(c->WaitQuiet(100ms));
-    EXPECT_TRUE(CallsSince(c, before).empty());
-    EXPECT_TRUE(c.Host().SyslogMatching("Shutting down host").empty());
-    EXPECT_EQ(c.Host().HostJson()["power"]["state"], "on");
+    EXPECT_EQ(CallsSince(c, before).size(), 3u);
     EXPECT_TRUE(c->Running());
 }
 

@@ -29,7 +29,12 @@ protected:
         std::string pattern = (std::filesystem::temp_directory_path() / "tarn-screens-XXXXXX").string();
         ASSERT_NE(mkdtemp(pattern.data()), nullptr);
         dir_ = pattern;
-        ASSERT_EQ(RunSimhost({"init", dir_}), 0) << "simhost init failed in " << dir_;
+        const char* build = std::getenv("TARN_BUILD_DIR");
+        const std::string simhost =
+            (build && *build ? std::string(build)
+                             : std::filesystem::read_symlink("/proc/self/exe").parent_path().string()) +
+            "/simhost";
+        ASSERT_EQ(std::system((simhost + " init " + dir_ + " >/dev/null 2>&1").c_str()), 0) << simhost;
         Platform::UseSimulatedHost(dir_);
 
         ASSERT_EQ(pipe(keys_), 0);
@@ -63,7 +68,7 @@ protected:
         std::filesystem::remove_all(dir_, ignored);
     }
 
-    // Queues keys: plain text, or terminfo capability names such as "kf2", "kcud1".
+    // Queues keys: plain text, or a terminfo capability name such as "kcud1" with Press.
     void Type(const std::string& text) {
         ASSERT_EQ(write(keys_[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
     }
@@ -75,35 +80,15 @@ protected:
     void Esc() { Type("\033"); }
 
     std::string Read(const std::string& relative) const {
-        std::ifstream in(dir_ + "/" + relative);
         std::stringstream text;
-        text << in.rdbuf();
+        text << std::ifstream(dir_ + "/" + relative).rdbuf();
         return text.str();
     }
-    std::vector<std::string> Lines(const std::string& relative) const {
-        std::vector<std::string> lines;
-        std::istringstream in(Read(relative));
-        for (std::string line; std::getline(in, line);)
-            lines.push_back(line);
-        return lines;
-    }
-
-    // Every tool call the host recorded, as its argv joined with blanks.
-    std::vector<std::string> Calls() const {
-        std::vector<std::string> calls;
-        for (const std::string& line : Lines("var/log/simhost-calls.log")) {
-            std::string joined;
-            for (const auto& word : Json::parse(line))
-                joined += (joined.empty() ? "" : " ") + word.get<std::string>();
-            calls.push_back(joined);
-        }
-        return calls;
-    }
-
     // The message parts of the console's syslog lines ("... TARN[pid]: message").
     std::vector<std::string> LogMessages() const {
         std::vector<std::string> messages;
-        for (const std::string& line : Lines("var/log/syslog.log")) {
+        std::istringstream in(Read("var/log/syslog.log"));
+        for (std::string line; std::getline(in, line);) {
             size_t at = line.find("]: ");
             messages.push_back(at == std::string::npos ? line : line.substr(at + 3));
         }
@@ -115,7 +100,6 @@ protected:
                 return true;
         return false;
     }
-
     Json State() const { return Json::parse(Read("etc/simhost/host.json")); }
     void EditState(const std::function<void(Json&)>& edit) const {
         Json state = State();
@@ -126,34 +110,6 @@ protected:
     const std::string& Dir() const { return dir_; }
 
 private:
-    static std::string BuildDir() {
-        if (const char* dir = std::getenv("TARN_BUILD_DIR"); dir && *dir)
-            return dir;
-        return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
-    }
-
-    // Runs the simhost CLI quietly and returns its exit code.
-    static int RunSimhost(const std::vector<std::string>& args) {
-        const std::string path = BuildDir() + "/simhost";
-        pid_t pid = fork();
-        if (pid == 0) {
-            std::FILE* devnull = std::fopen("/dev/null", "w");
-            if (devnull != nullptr) {
-                dup2(fileno(devnull), 1);
-                dup2(fileno(devnull), 2);
-            }
-            std::vector<char*> argv{const_cast<char*>("simhost")};
-            for (const std::string& a : args)
-                argv.push_back(const_cast<char*>(a.c_str()));
-            argv.push_back(nullptr);
-            execv(path.c_str(), argv.data());
-            _exit(127);
-        }
-        int status = 0;
-        waitpid(pid, &status, 0);
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
     std::string dir_;
     int keys_[2] = {-1, -1};
     int savedStdin_ = -1;
