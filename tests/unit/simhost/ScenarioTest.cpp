@@ -58,6 +58,7 @@ const std::map<std::string, std::function<void(const Json&)>> kFacts = {
          EXPECT_FALSE(s["dns"]["domain"].get<std::string>().empty());
          EXPECT_EQ(s["users"][0],
                    Json({{"name", "root"}, {"password", ""}, {"expired", false}, {"permitted", true}}));
+         EXPECT_FALSE(s["keyboard"]["offerChoice"].get<bool>());
      }},
     {"dhcp",
      [](const Json& s) {
@@ -100,6 +101,13 @@ const std::map<std::string, std::function<void(const Json&)>> kFacts = {
      [](const Json& s) {
          const Json& vms = s["vms"];
          EXPECT_TRUE(std::any_of(vms.begin(), vms.end(), [](const Json& v) { return v["running"] == true; }));
+     }},
+    {"keyboard-choice",
+     [](const Json& s) {
+         const Json& keyboard = s["keyboard"];
+         EXPECT_TRUE(keyboard["offerChoice"].get<bool>());
+         const Json& layouts = keyboard["layouts"];
+         EXPECT_NE(std::find(layouts.begin(), layouts.end(), keyboard["current"]), layouts.end());
      }},
 };
 
