@@ -27,6 +27,7 @@ public:
     virtual std::string WelcomeMessage() = 0;
     virtual void RaiseAlert(const std::string& text) = 0;
     virtual KeyboardState Keyboard() = 0;
+    virtual bool KeyboardChoiceOffered() = 0;
     virtual void LoadKeymap(const std::string& layout) = 0;
     virtual void StoreKeyboardLayout(const std::string& layout) = 0;
 };

@@ -40,6 +40,8 @@ public:
     std::string WelcomeMessage() override { NotAvailable(); }
     void RaiseAlert(const std::string&) override { NotAvailable(); }
     KeyboardState Keyboard() override { NotAvailable(); }
+    // The layout choice needs the keyboard calls above, which a Linux host lacks.
+    bool KeyboardChoiceOffered() override { return false; }
     void LoadKeymap(const std::string&) override { NotAvailable(); }
     void StoreKeyboardLayout(const std::string&) override { NotAvailable(); }
 };

@@ -39,6 +39,10 @@ std::string SystemInfoImpl::GetKeyboardLayout() {
     return Platform::ActiveSystemBackend().Keyboard().current;
 }
 
+bool SystemInfoImpl::IsKeyboardChoiceOffered() {
+    return Platform::ActiveSystemBackend().KeyboardChoiceOffered();
+}
+
 void SystemInfoImpl::LoadKeyboardMappings(const std::string& layout) {
     Platform::ActiveSystemBackend().LoadKeymap(layout);
 }

@@ -42,6 +42,8 @@ public:
     // Loads the console key map of `layout`; SetKeyboardLayout stores it as the configured one.
     void LoadKeyboardMappings(const std::string& layout);
     void SetKeyboardLayout(const std::string& layout);
+    // Whether the host asks the console to offer the keyboard layout choice (at login and in the menu).
+    bool IsKeyboardChoiceOffered();
 };
 
 } // namespace TesCtl::System

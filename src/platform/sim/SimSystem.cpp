@@ -53,6 +53,14 @@ public:
         });
     }
 
+    // Hosts created before the setting existed lack the key: they do not offer the choice.
+    bool KeyboardChoiceOffered() override {
+        return ReadState([](const Json& s) {
+            const Json& keyboard = At(s, "/keyboard");
+            return keyboard.contains("offerChoice") && keyboard.at("offerChoice").get<bool>();
+        });
+    }
+
     // A simulated host has no console key map to load; it still refuses a layout it does not offer.
     void LoadKeymap(const std::string& layout) override {
         ReadState([&](const Json& s) {

@@ -260,6 +260,29 @@ TEST_F(HostAreasTest, KeyboardLayouts) {
     EXPECT_EQ(Read()["keyboard"]["current"], "French");
 }
 
+TEST_F(HostAreasTest, KeyboardChoiceOfferedOnlyWhenTheHostSaysSo) {
+    struct Case {
+        const char* keyboard;
+        bool offered;
+    };
+    const Case cases[] = {
+        {R"({ "layouts": ["Default"], "current": "Default", "offerChoice": true })", true},
+        {R"({ "layouts": ["Default"], "current": "Default", "offerChoice": false })", false},
+        {R"({ "layouts": ["Default"], "current": "Default" })", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.keyboard);
+        Json s = BaseState();
+        s["keyboard"] = Json::parse(c.keyboard);
+        Write(s);
+        EXPECT_EQ(TesCtl::System::SystemInfoImpl().IsKeyboardChoiceOffered(), c.offered);
+    }
+    Json s = BaseState();
+    s["keyboard"]["offerChoice"] = "yes";
+    Write(s);
+    EXPECT_THROW(TesCtl::System::SystemInfoImpl().IsKeyboardChoiceOffered(), HostCtlException);
+}
+
 TEST_F(HostAreasTest, WelcomeMessageAndAlerts) {
     Json s = BaseState();
     s["system"]["welcomeMessage"] = "Property of Acme";
