@@ -17,7 +17,7 @@ void SetEmptyPassword(bool empty);
 const std::string& SmartCardLoginId();
 void SetSmartCardLoginId(const std::string& id);
 
-// True once the user has been offered the keyboard-layout choice.
+// True when the host asks the console to offer the keyboard-layout choice (read at start-up).
 bool KeyboardChoice();
 void SetKeyboardChoice(bool chosen);
 

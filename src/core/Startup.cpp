@@ -10,6 +10,7 @@
 #include "platform/HostRoot.h"
 #include "platform/SysInfo.h"
 #include "platform/Syslog.h"
+#include "platform/SystemInfo.h"
 #include "ui/Window.h"
 
 #include <clocale>
@@ -82,6 +83,17 @@ void SwitchTerminal(int vt, termios* saved) {
     }
 }
 
+// The host decides whether login and the menu offer the keyboard layout choice; unreadable means no.
+void LoadKeyboardChoice() {
+    bool offered = false;
+    try {
+        offered = TesCtl::System::SystemInfoImpl().IsKeyboardChoiceOffered();
+    } catch (const HostCtl::Lib::HostCtlException& e) {
+        Log(LOG_ERR, "Reading the keyboard choice setting failed: %s", e.what());
+    }
+    SetKeyboardChoice(offered);
+}
+
 void SetLocale() {
     // Fall back to the C UTF-8 locale where en_US is not installed, so wide characters still work.
     if (std::setlocale(LC_ALL, "en_US.UTF-8") == nullptr)
@@ -113,6 +125,7 @@ int RunConsole(int argc, char** argv, const RootFrameFactory& makeRoot) {
     ChooseTerminal();
     OpenLog();
     WritePidFile();
+    LoadKeyboardChoice();
     if (vt > 0)
         SwitchTerminal(vt, haveSaved ? &saved : nullptr);
     SetLocale();
