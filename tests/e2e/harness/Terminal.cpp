@@ -183,6 +183,10 @@ bool Terminal::WaitForTextGone(std::string_view text, Clock::duration timeout) {
     return WaitFor([&] { return !screen_.Contains(text); }, timeout);
 }
 
+bool Terminal::WaitForTextSettled(std::string_view text, Clock::duration quiet, Clock::duration timeout) {
+    return WaitForText(text, timeout) && WaitQuiet(quiet, timeout);
+}
+
 bool Terminal::WaitQuiet(Clock::duration quiet, Clock::duration timeout) {
     const auto from = Clock::now();
     const auto deadline = from + timeout;

@@ -61,6 +61,10 @@ public:
     bool WaitFor(const std::function<bool()>& done, Clock::duration timeout = 5s);
     bool WaitForText(std::string_view text, Clock::duration timeout = 5s);
     bool WaitForTextGone(std::string_view text, Clock::duration timeout = 5s);
+    // WaitForText, then WaitQuiet: use it before typing into a window that has just been drawn, because
+    // the console discards type-ahead right after it draws a window.
+    bool WaitForTextSettled(std::string_view text, Clock::duration quiet = 30ms,
+                            Clock::duration timeout = 5s);
     // True once no byte arrived for `quiet` (counted from the last byte, or from now if none is pending).
     bool WaitQuiet(Clock::duration quiet, Clock::duration timeout = 5s);
     // The child's end (reaped with wait4, so the resource usage is kept); nullopt on time-out.
