@@ -1,6 +1,6 @@
 // Lockdown mode from the System Customization menu (login as root with the empty password): Enter without
 // a change and Esc run no lockdown command, Space and Enter enters lockdown mode and the menu shows it, a
-// refusal is logged. The keyboard dialog is tested in the unit tests: no screen reaches it yet.
+// refusal is logged. The keyboard dialog, offered only by hosts that ask for it, is in keyboard_test.cpp.
 #include "harness/Console.h"
 #include "harness/Screenshot.h"
 
