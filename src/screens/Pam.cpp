@@ -3,6 +3,7 @@
 #include "screens/Pam.h"
 
 #include "platform/HostRoot.h"
+#include "platform/PamLibrary.h"
 
 #include <security/pam_appl.h>
 
@@ -21,18 +22,18 @@ public:
     PamTransaction(const std::string& user, const pam_conv& conversation) {
         if (Platform::IsSimulatedHost()) {
             const std::string confdir = Platform::HostPath("/etc/pam.d");
-            status_ = pam_start_confdir(kService, user.c_str(), &conversation, confdir.c_str(), &handle_);
+            status_ = Platform::Pam::Start(kService, user.c_str(), &conversation, confdir.c_str(), &handle_);
         } else {
-            status_ = pam_start(kService, user.c_str(), &conversation, &handle_);
+            status_ = Platform::Pam::Start(kService, user.c_str(), &conversation, nullptr, &handle_);
         }
         if (status_ != PAM_SUCCESS && handle_ != nullptr) {
-            pam_end(handle_, status_);
+            Platform::Pam::End(handle_, status_);
             handle_ = nullptr;
         }
     }
     ~PamTransaction() {
         if (handle_ != nullptr)
-            pam_end(handle_, status_);
+            Platform::Pam::End(handle_, status_);
     }
     PamTransaction(const PamTransaction&) = delete;
     PamTransaction& operator=(const PamTransaction&) = delete;
@@ -124,8 +125,8 @@ int Authenticate(const std::string& user, const std::string& password) {
     PamTransaction pam(user, conversation);
     if (!pam.Started())
         return pam.Status();
-    if (pam.Record(pam_authenticate(pam.Handle(), PAM_SILENT)) == PAM_SUCCESS)
-        pam.Record(pam_acct_mgmt(pam.Handle(), PAM_SILENT));
+    if (pam.Record(Platform::Pam::Authenticate(pam.Handle(), PAM_SILENT)) == PAM_SUCCESS)
+        pam.Record(Platform::Pam::AcctMgmt(pam.Handle(), PAM_SILENT));
     return pam.Status();
 }
 
@@ -136,15 +137,15 @@ bool ChangePasswordThroughPam(const std::string& user, const std::string& oldPas
     PamTransaction pam(user, conversation);
     if (!pam.Started())
         return false;
-    int status = pam.Record(pam_authenticate(pam.Handle(), PAM_SILENT));
+    int status = pam.Record(Platform::Pam::Authenticate(pam.Handle(), PAM_SILENT));
     if (status != PAM_SUCCESS && status != PAM_NEW_AUTHTOK_REQD)
         return false;
-    status = pam.Record(pam_acct_mgmt(pam.Handle(), PAM_SILENT));
+    status = pam.Record(Platform::Pam::AcctMgmt(pam.Handle(), PAM_SILENT));
     if (status != PAM_SUCCESS && status != PAM_NEW_AUTHTOK_REQD)
         return false;
-    if (pam.Record(pam_chauthtok(pam.Handle(), PAM_SILENT)) != PAM_SUCCESS)
+    if (pam.Record(Platform::Pam::Chauthtok(pam.Handle(), PAM_SILENT)) != PAM_SUCCESS)
         return false;
-    return pam.Record(pam_setcred(pam.Handle(), PAM_REFRESH_CRED)) == PAM_SUCCESS;
+    return pam.Record(Platform::Pam::Setcred(pam.Handle(), PAM_REFRESH_CRED)) == PAM_SUCCESS;
 }
 
 } // namespace Tarn

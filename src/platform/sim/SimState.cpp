@@ -4,17 +4,53 @@
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 
+#include <sys/stat.h>
+
 namespace Platform::Sim {
+namespace {
+
+// A screen reads a dozen facts one host-control call at a time; parsing host.json for each would dominate
+// start-up. The parsed document is kept while the file is the same one: every change renames a new file
+// into place, so a different inode or time means a different state.
+struct CachedState {
+    std::string path;
+    dev_t device = 0;
+    ino_t inode = 0;
+    timespec modified{};
+    off_t size = -1;
+    Json state;
+};
+
+CachedState gCache;
+
+bool SameFile(const CachedState& c, const std::string& path, const struct stat& st) {
+    return c.size >= 0 && c.path == path && c.device == st.st_dev && c.inode == st.st_ino &&
+           c.size == st.st_size && c.modified.tv_sec == st.st_mtim.tv_sec &&
+           c.modified.tv_nsec == st.st_mtim.tv_nsec;
+}
+
+} // namespace
 
 Json Load() {
+    const std::string path = SimHost::StatePath(HostRoot());
+    struct stat st {};
+    bool known = stat(path.c_str(), &st) == 0;
+    if (known && SameFile(gCache, path, st))
+        return gCache.state;
     try {
-        return SimHost::Load(HostRoot());
+        Json state = SimHost::Load(HostRoot());
+        // Keyed by what was seen before the read: a change in between only costs one more read later.
+        if (known)
+            gCache = {path, st.st_dev, st.st_ino, st.st_mtim, st.st_size, state};
+        return state;
     } catch (const SimHost::StoreError& e) {
+        gCache.size = -1;
         throw HostCtl::Lib::HostCtlException(e.what());
     }
 }
 
 Json Change(const std::function<void(Json&)>& change) {
+    gCache.size = -1;
     try {
         return SimHost::Transact(HostRoot(), change);
     } catch (const SimHost::StoreError& e) {
