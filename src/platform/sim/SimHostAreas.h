@@ -20,9 +20,9 @@ FirewallBackend& FirewallArea();
 // Runs `read` on the current state; a value of the wrong JSON type surfaces as HostCtlException, like
 // every other failure of the simulated host.
 template <typename Fn> auto ReadState(Fn&& read) -> decltype(read(std::declval<const Json&>())) {
-    Json state = Load();
+    auto state = Load();
     try {
-        return read(static_cast<const Json&>(state));
+        return read(*state);
     } catch (const nlohmann::json::exception& e) {
         throw HostCtl::Lib::HostCtlException(std::string("simulated host: ") + e.what());
     }

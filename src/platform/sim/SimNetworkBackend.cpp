@@ -88,7 +88,7 @@ void ChangeTesNic(const std::string& name, const std::function<void(Json&, Json&
 } // namespace
 
 NetworkSnapshot SimNetworkBackend::Read() {
-    return NetworkFromJson(Load());
+    return NetworkFromJson(*Load());
 }
 
 void SimNetworkBackend::SetTesNicIpConfig(const std::string& name, const HostCtl::Network::IpConfig& config) {
@@ -307,7 +307,7 @@ void SimNetworkBackend::DisableNetDumper() {
 // ---- DNS
 
 DnsRecord SimDnsBackend::Read() {
-    return DnsFromJson(Load());
+    return DnsFromJson(*Load());
 }
 
 void SimDnsBackend::Write(const DnsRecord& dns) {
@@ -331,7 +331,7 @@ void SimDnsBackend::Write(const DnsRecord& dns) {
 // ---- Routes
 
 RouteRecord SimRoutingBackend::Read() {
-    return RoutesFromJson(Load());
+    return RoutesFromJson(*Load());
 }
 
 void SimRoutingBackend::SetIpv4Gateway(const HostCtl::Network::Ipv4Address& gateway) {

@@ -18,7 +18,7 @@ struct CachedState {
     ino_t inode = 0;
     timespec modified{};
     off_t size = -1;
-    Json state;
+    std::shared_ptr<const Json> state;
 };
 
 CachedState gCache;
@@ -31,14 +31,14 @@ bool SameFile(const CachedState& c, const std::string& path, const struct stat& 
 
 } // namespace
 
-Json Load() {
+std::shared_ptr<const Json> Load() {
     const std::string path = SimHost::StatePath(HostRoot());
     struct stat st {};
     bool known = stat(path.c_str(), &st) == 0;
     if (known && SameFile(gCache, path, st))
         return gCache.state;
     try {
-        Json state = SimHost::Load(HostRoot());
+        auto state = std::make_shared<const Json>(SimHost::Load(HostRoot()));
         // Keyed by what was seen before the read: a change in between only costs one more read later.
         if (known)
             gCache = {path, st.st_dev, st.st_ino, st.st_mtim, st.st_size, state};

@@ -5,13 +5,15 @@
 #include "simhost/model/Store.h"
 
 #include <functional>
+#include <memory>
 
 namespace Platform::Sim {
 
 using Json = SimHost::Json;
 
-// The whole state of the simulated host at the host root.
-Json Load();
+// The whole state of the simulated host at the host root, shared and read-only: the same parsed document
+// serves every read until the file changes.
+std::shared_ptr<const Json> Load();
 // Runs `change` in one transaction; returns the stored state.
 Json Change(const std::function<void(Json&)>& change);
 
