@@ -40,6 +40,19 @@ int RunNotification(NotificationDialog* dialog) {
 }
 } // namespace
 
+// A terminal that has gone away (hang-up, or input at end of file) reads as "readable" for ever; ending like
+// on a terminating signal keeps the console from spinning. One ERR after a partial escape sequence is normal,
+// so only a long unbroken run of them counts.
+static int gEmptyReads = 0;
+
+static bool TerminalLost(short revents) {
+    if (!(revents & (POLLHUP | POLLERR | POLLNVAL)) && ++gEmptyReads < 1000)
+        return false;
+    gEmptyReads = 0;
+    Log(LOG_INFO, "Terminal closed, exiting");
+    return true;
+}
+
 int WaitForInput(const timeval* timeout) {
     pollfd fds[2] = {{0, POLLIN, 0}, {WakePipeReadEnd(), POLLIN, 0}};
     int ms = timeout ? static_cast<int>(timeout->tv_sec * 1000 + timeout->tv_usec / 1000) : -1;
@@ -55,7 +68,17 @@ int WaitForInput(const timeval* timeout) {
         wtimeout(stdscr, 0);
         int key = wgetch(stdscr);
         wtimeout(stdscr, -1);
-        return key;
+        if (key != ERR) {
+            gEmptyReads = 0;
+            return key;
+        }
+        if (!TerminalLost(fds[0].revents))
+            return key;
+        return kWaitTerminate;
+    }
+    if (fds[0].revents & (POLLHUP | POLLERR | POLLNVAL)) {
+        TerminalLost(POLLHUP);
+        return kWaitTerminate;
     }
     if (fds[1].revents & POLLIN) {
         unsigned char byte = 0;

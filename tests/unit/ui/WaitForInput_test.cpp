@@ -46,7 +46,8 @@ protected:
         dup2(savedStdin_, 0);
         close(savedStdin_);
         close(keys_[0]);
-        close(keys_[1]);
+        if (keys_[1] >= 0)
+            close(keys_[1]);
     }
     void Type(const std::string& bytes) {
         ASSERT_EQ(write(keys_[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
@@ -142,6 +143,19 @@ TEST_F(WaitForInputDeathTest, RestartOutsideSessionAndTerminatingSignalsEndThePr
         RaiseAndSettle(signal);
         EXPECT_EXIT(GetKey(nullptr, false), testing::ExitedWithCode(0), "");
     }
+}
+
+TEST_F(WaitForInputTest, ClosedTerminalEndsTheWaitInsteadOfSpinning) {
+    Type("a");
+    timeval second{1, 0};
+    EXPECT_EQ(WaitForInput(&second), 'a');
+    // The writer goes away: the terminal reads as hung up, which ends like a terminating signal.
+    close(keys_[1]);
+    keys_[1] = -1;
+    int result = 0;
+    for (int i = 0; i < 2000 && result != -6; ++i)
+        result = WaitForInput(&second);
+    EXPECT_EQ(result, -6);
 }
 
 } // namespace
