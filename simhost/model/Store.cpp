@@ -1,11 +1,11 @@
 // Locked, atomic access to host.json.
 #include "simhost/model/Store.h"
 
+#include "platform/TextFile.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
-#include <sstream>
 #include <sys/file.h>
 #include <unistd.h>
 
@@ -43,12 +43,10 @@ private:
 
 Json ReadUnlocked(const std::string& dir) {
     std::string path = StatePath(dir);
-    std::ifstream in(path);
-    if (!in)
+    std::string text;
+    if (!Platform::ReadTextFile(path, text))
         throw StoreError("cannot read simulated host state " + path + ": " + std::strerror(errno));
-    std::stringstream text;
-    text << in.rdbuf();
-    Json state = Json::parse(text.str(), nullptr, false);
+    Json state = Json::parse(text, nullptr, false);
     if (state.is_discarded() || !state.is_object())
         throw StoreError("corrupt simulated host state " + path + ": not a JSON object");
     return state;
@@ -93,7 +91,9 @@ void WriteUnlocked(const std::string& dir, const Json& state) {
 
 } // namespace
 
-std::string StatePath(const std::string& dir) { return dir + "/etc/simhost/host.json"; }
+std::string StatePath(const std::string& dir) {
+    return dir + "/etc/simhost/host.json";
+}
 
 Json Load(const std::string& dir) {
     FileLock lock(dir, LOCK_SH);

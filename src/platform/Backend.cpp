@@ -1,20 +1,53 @@
 // Host selection from the process environment; the one place that creates the default simulated host.
 #include "platform/Backend.h"
 
-#include "simhost/model/Init.h"
+#include "platform/Spawn.h"
 
+#include <cerrno>
+#include <climits>
 #include <cstdlib>
-#include <filesystem>
+#include <cstring>
+#include <fcntl.h>
+#include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace Platform {
+namespace {
+
+// The simulated host's tools, PAM module and the simhost program are built next to the console; creating
+// the host through that program keeps its file-system code out of the console.
+void CreateDefaultSimHost(const std::string& dir) {
+    char exe[PATH_MAX];
+    ssize_t n = readlink("/proc/self/exe", exe, sizeof exe - 1);
+    if (n <= 0)
+        throw std::runtime_error(std::string("cannot find the console's own directory: ") +
+                                 std::strerror(errno));
+    std::string program(exe, static_cast<size_t>(n));
+    program = program.substr(0, program.rfind('/') + 1) + "simhost";
+
+    std::string init = "init", target = dir;
+    char* argv[] = {program.data(), init.data(), target.data(), nullptr};
+    char* envp[] = {nullptr};
+    int null = open("/dev/null", O_RDWR | O_CLOEXEC);
+    pid_t pid = Spawn(program.c_str(), argv, envp, null, null, 2);
+    int spawnErrno = errno;
+    if (null >= 0)
+        close(null);
+    if (pid < 0)
+        throw std::runtime_error("cannot run " + program + ": " + std::strerror(spawnErrno));
+    int status = 0;
+    while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    }
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        throw std::runtime_error(program + " init failed");
+}
+
+} // namespace
 
 std::string SelectHostFromEnvironment() {
     HostEnvironment env{std::getenv("TARN_HOST"), std::getenv("XDG_STATE_HOME"), std::getenv("HOME")};
-    return SelectHost(env, [](const std::string& dir) {
-        // The simulated host's tools and PAM module are built next to the console.
-        std::string buildDir = std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
-        SimHost::InitHost(dir, "default", buildDir);
-    });
+    return SelectHost(env, CreateDefaultSimHost);
 }
 
 } // namespace Platform

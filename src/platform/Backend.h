@@ -9,7 +9,8 @@
 namespace Platform {
 
 // Selects the host from the process environment; creates the default simulated host when needed with
-// SimHost::InitHost. Returns an error text, empty on success, so that the caller decides how to end.
+// the simhost program built next to the console. Returns an error text, empty on success, so that the caller
+// decides how to end.
 std::string SelectHostFromEnvironment();
 
 // The environment values the selection depends on; null means unset.
@@ -27,5 +28,8 @@ std::string SelectHost(const HostEnvironment& env, const SimHostCreator& create)
 
 // The directory of the default simulated host, or empty when neither XDG_STATE_HOME nor HOME is usable.
 std::string DefaultSimHostDir(const HostEnvironment& env);
+
+// `path` (absolute) with ".", ".." and repeated or trailing slashes resolved, lexically.
+std::string NormalizeAbsolutePath(const std::string& path);
 
 } // namespace Platform

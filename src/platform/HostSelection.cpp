@@ -4,32 +4,55 @@
 
 #include "platform/HostRoot.h"
 
-#include <filesystem>
+#include <cerrno>
+#include <cstring>
 #include <string_view>
-#include <system_error>
+#include <unistd.h>
+#include <vector>
 
 namespace Platform {
 namespace {
-
-namespace fs = std::filesystem;
 
 std::string StateFile(const std::string& dir) {
     return dir + "/etc/simhost/host.json";
 }
 
 bool Exists(const std::string& path) {
-    std::error_code ec;
-    return fs::exists(path, ec);
+    return access(path.c_str(), F_OK) == 0;
 }
 
 } // namespace
 
+std::string NormalizeAbsolutePath(const std::string& path) {
+    std::vector<std::string_view> parts;
+    std::string_view rest = path;
+    while (!rest.empty()) {
+        size_t slash = rest.find('/');
+        std::string_view part = rest.substr(0, slash);
+        rest = slash == std::string_view::npos ? std::string_view{} : rest.substr(slash + 1);
+        if (part.empty() || part == ".")
+            continue;
+        if (part == "..") {
+            if (!parts.empty())
+                parts.pop_back();
+            continue;
+        }
+        parts.push_back(part);
+    }
+    std::string out;
+    for (auto part : parts) {
+        out += '/';
+        out += part;
+    }
+    return out.empty() ? "/" : out;
+}
+
 std::string DefaultSimHostDir(const HostEnvironment& env) {
     // A relative XDG_STATE_HOME is invalid and ignored, as the base-directory convention asks.
     if (env.xdgStateHome && env.xdgStateHome[0] == '/')
-        return (fs::path(env.xdgStateHome) / "tarn/simhost").lexically_normal().string();
+        return NormalizeAbsolutePath(std::string(env.xdgStateHome) + "/tarn/simhost");
     if (env.home && env.home[0] == '/')
-        return (fs::path(env.home) / ".local/state/tarn/simhost").lexically_normal().string();
+        return NormalizeAbsolutePath(std::string(env.home) + "/.local/state/tarn/simhost");
     return {};
 }
 
@@ -44,11 +67,14 @@ std::string SelectHost(const HostEnvironment& env, const SimHostCreator& create)
             std::string_view dir = value.substr(4);
             if (dir.empty())
                 return "TARN_HOST: \"sim:\" needs a directory";
-            std::error_code ec;
-            fs::path absolute = fs::absolute(fs::path(dir), ec);
-            if (ec)
-                return "TARN_HOST: cannot make " + std::string(dir) + " absolute: " + ec.message();
-            UseSimulatedHost(absolute.lexically_normal().string());
+            std::string absolute(dir);
+            if (absolute[0] != '/') {
+                char cwd[4096];
+                if (getcwd(cwd, sizeof cwd) == nullptr)
+                    return "TARN_HOST: cannot make " + absolute + " absolute: " + std::strerror(errno);
+                absolute = std::string(cwd) + "/" + absolute;
+            }
+            UseSimulatedHost(NormalizeAbsolutePath(absolute));
             return {};
         }
         return "TARN_HOST: unknown value \"" + std::string(value) + "\" (use sim:DIR or linux)";

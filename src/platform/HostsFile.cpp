@@ -3,12 +3,11 @@
 
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
+#include "platform/TextFile.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <sstream>
 #include <strings.h>
 #include <vector>
 
@@ -26,10 +25,7 @@ std::string RemoveName(const std::string& line, const std::string& name, bool& c
     auto hash = line.find('#');
     std::string body = line.substr(0, hash);
     std::string comment = hash == std::string::npos ? "" : line.substr(hash);
-    std::istringstream in(body);
-    std::vector<std::string> fields;
-    for (std::string f; in >> f;)
-        fields.push_back(f);
+    std::vector<std::string> fields = Platform::SplitWords(body);
     if (fields.size() < 2)
         return line;
     std::string out = fields[0];
@@ -57,26 +53,22 @@ std::string RemoveName(const std::string& line, const std::string& name, bool& c
 HostsFile::HostsFile() : path_(Platform::HostPath("/etc/hosts")) {}
 
 bool HostsFile::RemoveEntryByHostName(const std::string& name) {
-    std::ifstream in(path_);
-    if (!in)
+    std::string text;
+    if (!Platform::ReadTextFile(path_, text))
         Fail("Cannot read", path_);
     std::string result;
     bool changed = false;
-    for (std::string line; std::getline(in, line);) {
+    for (const std::string& line : Platform::SplitLines(text)) {
         bool drop = false;
         std::string kept = RemoveName(line, name, changed, drop);
         if (!drop)
             result += kept + '\n';
     }
-    in.close();
     if (!changed)
         return false;
     std::string temp = path_ + ".tmp";
-    {
-        std::ofstream out(temp, std::ios::trunc);
-        if (!out || !(out << result) || !out.flush())
-            Fail("Cannot write", temp);
-    }
+    if (!Platform::WriteTextFile(temp, result))
+        Fail("Cannot write", temp);
     if (std::rename(temp.c_str(), path_.c_str()) != 0)
         Fail("Cannot replace", path_);
     return true;

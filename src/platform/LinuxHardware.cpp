@@ -3,10 +3,9 @@
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/LinuxHost.h"
+#include "platform/TextFile.h"
 
-#include <fstream>
 #include <set>
-#include <sstream>
 #include <unistd.h>
 
 namespace Platform::Linux {
@@ -15,12 +14,10 @@ namespace {
 using HostCtl::Lib::HostCtlException;
 
 std::string ReadFile(const std::string& path) {
-    std::ifstream in(Platform::HostPath(path));
-    if (!in)
+    std::string text;
+    if (!Platform::ReadTextFile(Platform::HostPath(path), text))
         throw HostCtlException("cannot read " + path);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return text;
 }
 
 std::string_view Trim(std::string_view s) {

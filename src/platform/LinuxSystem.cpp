@@ -3,9 +3,8 @@
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/LinuxHost.h"
+#include "platform/TextFile.h"
 
-#include <fstream>
-#include <sstream>
 #include <sys/utsname.h>
 
 namespace Platform::Linux {
@@ -22,11 +21,10 @@ std::string Unquote(std::string_view value) {
 class LinuxSystem : public SystemBackend {
 public:
     SystemVersion Version() override {
-        std::ifstream in(Platform::HostPath("/etc/os-release"));
-        std::stringstream text;
-        if (in)
-            text << in.rdbuf();
-        OsRelease os = ParseOsRelease(text.str());
+        std::string text;
+        if (!Platform::ReadTextFile(Platform::HostPath("/etc/os-release"), text))
+            text.clear();
+        OsRelease os = ParseOsRelease(text);
         utsname uts{};
         if (uname(&uts) != 0)
             throw HostCtlException("uname failed");

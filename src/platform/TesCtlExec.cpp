@@ -4,22 +4,21 @@
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/Spawn.h"
+#include "platform/TextFile.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace TesCtl::Util {
 
 std::vector<std::string> HostCommandWords(const std::string& commandLine) {
-    std::vector<std::string> words;
-    std::istringstream in(commandLine);
-    std::string word;
-    while (in >> word)
-        words.push_back(!word.empty() && word[0] == '/' ? Platform::HostPath(word) : word);
+    std::vector<std::string> words = Platform::SplitWords(commandLine);
+    for (auto& word : words)
+        if (word[0] == '/')
+            word = Platform::HostPath(word);
     return words;
 }
 

@@ -18,6 +18,7 @@
 #include "platform/HostRoot.h"
 #include "platform/SysInfo.h"
 #include "platform/SystemInfo.h"
+#include "platform/TextFile.h"
 #include "screens/ChangePasswordDialog.h"
 #include "screens/KeyboardDialog.h"
 #include "screens/LockdownDialog.h"
@@ -28,8 +29,6 @@
 #include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"
 
-#include <fstream>
-#include <sstream>
 #include <sys/stat.h>
 
 namespace Tarn {
@@ -124,9 +123,10 @@ void GeneralWindow::ReadHostFacts() {
 }
 
 void GeneralWindow::LoadSupportInformation() {
-    std::ifstream file(Platform::HostPath("/etc/orvane/support"));
-    std::ostringstream text;
-    text << file.rdbuf();
+    // A missing file shows an empty page.
+    std::string text;
+    if (!Platform::ReadTextFile(Platform::HostPath("/etc/orvane/support"), text))
+        text.clear();
     std::map<InfoType, std::string> known;
     try {
         Platform::SystemVersion version = Platform::ReadSystemVersion();
@@ -135,7 +135,7 @@ void GeneralWindow::LoadSupportInformation() {
     } catch (const HostCtl::Lib::HostCtlException& e) {
         Log(LOG_ERR, "Getting system version failed: %s", e.what());
     }
-    support_ = ExpandSupportLines(ParseSupportLines(text.str()), known);
+    support_ = ExpandSupportLines(ParseSupportLines(text), known);
 }
 
 void GeneralWindow::ApplyEnabling() {

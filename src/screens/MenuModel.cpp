@@ -1,7 +1,7 @@
 // System Customization menu data.
 #include "screens/MenuModel.h"
 
-#include <sstream>
+#include "platform/TextFile.h"
 
 namespace Tarn {
 
@@ -67,13 +67,9 @@ int LogForDigit(const std::vector<int>& numbers, int digit) {
 
 std::vector<std::string> ParseSupportLines(const std::string& fileText) {
     std::vector<std::string> lines;
-    std::istringstream in(fileText);
-    std::string line;
-    while (std::getline(in, line)) {
-        if (!line.empty() && line[0] == '#')
-            continue;
-        lines.push_back(line);
-    }
+    for (auto& line : Platform::SplitLines(fileText))
+        if (line.empty() || line[0] != '#')
+            lines.push_back(std::move(line));
     return lines;
 }
 

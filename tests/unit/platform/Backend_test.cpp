@@ -82,6 +82,14 @@ TEST_F(BackendTest, LinuxAfterSimulatedSwitchesBack) {
     EXPECT_EQ(Platform::HostPath("/etc/hosts"), "/etc/hosts");
 }
 
+TEST(HostPathNormalizing, Lexical) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"/a//b/./c/../d/", "/a/b/d"}, {"/..", "/"}, {"/", "/"}, {"//x/../../y", "/y"}, {"/a/b/..", "/a"},
+    };
+    for (const auto& [in, out] : cases)
+        EXPECT_EQ(Platform::NormalizeAbsolutePath(in), out) << in;
+}
+
 TEST_F(BackendTest, DefaultDirectory) {
     struct Case {
         const char* xdg;
