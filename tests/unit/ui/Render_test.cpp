@@ -1,0 +1,261 @@
+// Windows, item lists and the standard dialogs drawn on an off-screen 80x24 terminal: geometry, texts,
+// colours, dimming, focus and scroll bars, the field cursor, the bytes a focus move costs, subtree deletion,
+// refused windows, the Enter loop, and type-ahead discarded when a frame is drawn.
+#include "ui/InputItem.h"
+#include "ui/Item.h"
+#include "ui/ItemList.h"
+#include "ui/StandardDialogs.h"
+#include "ui/TextArea.h"
+
+#include "OffscreenTerminal.h"
+
+#include <fcntl.h>
+#include <pty.h>
+
+#include <regex>
+
+namespace Tarn {
+namespace {
+
+using Render = Testing::OffscreenTerminal;
+
+struct TestDialog : Dialog { // nothing to run, for drawing only
+    using Dialog::Dialog;
+    int Foreground() override { return 0; }
+};
+
+struct Counted : Window {
+    static inline int destroyed = 0;
+    using Window::Window;
+    ~Counted() override { ++destroyed; }
+};
+
+void ExpectBox(Window* w, int column, int row, int width, int height, const char* name) {
+    ASSERT_NE(w, nullptr) << name;
+    EXPECT_EQ((std::vector<int>{w->Column(), w->Row(), w->Width(), w->Height()}),
+              (std::vector<int>{column, row, width, height}))
+        << name;
+    EXPECT_NE(w->Curses(), nullptr) << name;
+}
+
+TEST_F(Render, DialogGeometryTextsAndColours) {
+    TestDialog dialog(nullptr, 40, 12, 7);
+    ExpectBox(&dialog, 20, 6, 40, 12, "frame");
+    ExpectBox(dialog.TopPane(), 20, 6, 40, 7, "top pane");
+    ExpectBox(dialog.BottomPane(), 20, 13, 40, 5, "bottom pane");
+    ExpectBox(dialog.TitleArea(), 23, 7, 34, 1, "title");
+    ExpectBox(dialog.BodyArea(), 23, 9, 34, 3, "body");
+    ExpectBox(dialog.FooterArea(), 22, 16, 36, 1, "footer");
+    ExpectBox(dialog.ContentPane(), 22, 14, 36, 1, "content");
+    EXPECT_EQ(TestDialog(nullptr, 40, 11, 7).ContentPane(), nullptr) << "bottom pane of 4 rows";
+
+    dialog.SetTitle("Title");
+    dialog.SetBody("Body text");
+    dialog.SetFooter("{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}{/align}");
+    dialog.Draw(true);
+    EXPECT_EQ(Screen(7, 23, 5), "Title");
+    EXPECT_EQ(Screen(9, 23, 9), "Body text");
+    EXPECT_EQ(Screen(16, 22, 36), std::string(26, ' ') + "<Enter> OK");
+    EXPECT_EQ(PairOnScreen(7, 23), Pair(6, 7));
+    EXPECT_EQ(PairOnScreen(9, 23), Pair(6, 2));
+    EXPECT_EQ(PairOnScreen(16, 48), Pair(3, 0));
+    EXPECT_EQ(PairOnScreen(16, 56), Pair(3, 6));
+    EXPECT_EQ(PairOnScreen(14, 21), Pair(3, 7)) << "bottom pane margin";
+    // The border keeps its line-drawing characters through recolouring, active and dimmed.
+    for (bool active : {false, true}) {
+        dialog.Draw(active);
+        for (int row : {6, 10, 13, 17}) {
+            EXPECT_TRUE(mvwinch(curscr, row, 20) & A_ALTCHARSET) << row;
+            EXPECT_TRUE(mvwinch(curscr, row, 59) & A_ALTCHARSET) << row;
+        }
+        EXPECT_EQ(mvwinch(curscr, 6, 20) & A_CHARTEXT, ACS_ULCORNER & A_CHARTEXT);
+        EXPECT_EQ(mvwinch(curscr, 17, 59) & A_CHARTEXT, ACS_LRCORNER & A_CHARTEXT);
+    }
+}
+
+TEST_F(Render, ChildColoursAndSubtreeDeletion) {
+    Window parent(0, 0, 20, 5, 3, 1);
+    const struct {
+        int background, foreground, expectedBackground, expectedForeground;
+    } cases[] = {{-1, -1, 3, 1}, {-1, 7, 3, 7}, {6, -1, 6, 1}, {0, 2, 0, 2}};
+    for (const auto& c : cases) {
+        Window* child = parent.AddChild<Window>(1, 1, 5, 2, c.background, c.foreground);
+        EXPECT_EQ(child->Background(), c.expectedBackground);
+        EXPECT_EQ(child->Foreground(), c.expectedForeground);
+        delete child;
+    }
+    EXPECT_TRUE(parent.Children().empty()) << "a deleted child leaves its parent's list";
+
+    Counted::destroyed = 0;
+    auto* root = new Counted(0, 0, 30, 10, 0, 7);
+    root->AddChild<Counted>(1, 1, 10, 5, -1, -1)
+        ->AddChild<Counted>(1, 1, 5, 2, -1, -1)
+        ->AddChild<Counted>(0, 0, 2, 1, -1, -1);
+    root->AddChild<Counted>(12, 1, 10, 5, -1, -1);
+    delete root;
+    EXPECT_EQ(Counted::destroyed, 5) << "deleting a window deletes its subtree";
+}
+
+TEST_F(Render, RefusedWindowsAreSafe) {
+    // Larger than the screen: the centring gives negative coordinates and curses refuses the window.
+    TestDialog dialog(nullptr, 100, 30, 10);
+    EXPECT_EQ(dialog.Curses(), nullptr);
+    ASSERT_NE(dialog.ContentPane(), nullptr);
+    EXPECT_EQ(dialog.ContentPane()->Curses(), nullptr);
+    dialog.SetTitle("{color:red}too big");
+    auto* list = dialog.ContentPane()->AddChild<ItemList>(0, 0, 20, 10);
+    LabelItem a("a", true), b("b", true);
+    InputItem c("c", "v", 5);
+    list->SetItems({&a, &b, &c});
+    dialog.Draw(true);
+    list->Down();
+    list->Down();
+    dialog.Draw(false);
+    dialog.Redraw();
+    dialog.Print(0, 0, "x");
+    dialog.MoveCursor(1, 1);
+    EXPECT_EQ(list->FocusedItem(), &c);
+    EXPECT_NE(TestDialog(nullptr, 80, 24, 10).Curses(), nullptr) << "a dialog of exactly the screen's size";
+}
+
+// An item list at screen column 12, rows 6..9: rows are 29 cells, the scroll bar is column 41.
+struct ListFrame {
+    Window frame{10, 5, 40, 10, 3, 6};
+    ItemList* list = frame.AddChild<ItemList>(2, 1, 30, 4);
+};
+constexpr int kLeft = 12, kTop = 6, kScroll = 41;
+
+constexpr int kField = kLeft + 1 + 27 - 2 - 12; // first cell of a 12-cell field: it ends at the text's edge
+
+TEST_F(Render, ItemListRowsFocusBarAndScrollBar) {
+    ListFrame f;
+    LabelItem heading("Choose:", false), a("Alpha", true), b("Beta", true), c("Gamma", true),
+        d("Delta", true), e("Epsilon", true);
+    b.SetEnabled(false);
+    auto ScrollBar = [] {
+        std::string bar;
+        for (int row = kTop; row < kTop + 4; ++row)
+            bar += Screen(row, kScroll, 1);
+        return bar;
+    };
+    f.list->SetItems({&heading, &a, &b, &c, &d, &e});
+    f.frame.Draw(true);
+    EXPECT_EQ(Screen(kTop, kLeft + 1, 7), "Choose:");
+    EXPECT_EQ(Screen(kTop + 1, kLeft + 1, 5), "Alpha");
+    EXPECT_EQ(f.list->FocusedItem(), &a);
+    for (int column : {kLeft, kLeft + 1, kLeft + 28})
+        EXPECT_EQ(PairOnScreen(kTop + 1, column), Pair(0, 7))
+            << "focus bar across the row, column " << column;
+    EXPECT_EQ(PairOnScreen(kTop + 2, kLeft + 1), Pair(3, 0));
+    EXPECT_EQ(ScrollBar(), "\u2588\u2593\u2593\u2593");
+
+    ASSERT_TRUE(f.list->Down());
+    EXPECT_EQ(f.list->FocusedItem(), &c);
+    EXPECT_EQ(f.list->Selection(), 2) << "the disabled item counts";
+    EXPECT_EQ(PairOnScreen(kTop + 1, kLeft + 1), Pair(3, 0)) << "old row back in the item's colours";
+    EXPECT_EQ(PairOnScreen(kTop + 3, kLeft + 1), Pair(0, 7));
+    ASSERT_TRUE(f.list->Down());
+    ASSERT_TRUE(f.list->Down());
+    EXPECT_FALSE(f.list->Down());
+    EXPECT_EQ(Screen(kTop, kLeft + 1, 4), "Beta");
+    EXPECT_EQ(Screen(kTop + 3, kLeft + 1, 7), "Epsilon");
+    EXPECT_EQ(PairOnScreen(kTop + 3, kLeft + 1), Pair(0, 7));
+    EXPECT_EQ(ScrollBar(), "\u2593\u2593\u2593\u2588");
+
+    // Items that fit: no scroll bar; fewer items than rows leave the rows below empty.
+    f.list->SetItems({&a, &c});
+    f.list->Draw();
+    EXPECT_EQ(ScrollBar(), "    ");
+    EXPECT_EQ(Screen(kTop + 2, kLeft, 29), std::string(29, ' '));
+}
+
+TEST_F(Render, InputFieldAndCursor) {
+    ListFrame f;
+    LabelItem heading("Address", false);
+    InputItem address("IP Address", "10.0.0.1", 12), password("Password", "abc", 12);
+    password.SetPassword(true);
+    f.list->SetItems({&heading, &address, &password});
+    f.frame.Draw(true);
+    Window::ShowCursor(
+        true); // a frame drawn for the first time hides the cursor; a screen with fields shows it
+    // Read the cursor first: reading cells back moves curses' idea of it.
+    EXPECT_EQ(getcury(curscr), kTop + 1);
+    EXPECT_EQ(getcurx(curscr), kField + 8);
+    EXPECT_EQ(Screen(kTop + 1, kLeft + 1, 10), "IP Address");
+    EXPECT_EQ(Screen(kTop + 1, kField - 3, 17), " [ 10.0.0.1     ]");
+    EXPECT_EQ(PairOnScreen(kTop + 1, kField), Pair(7, 0)) << "fresh value marked";
+    EXPECT_EQ(Screen(kTop + 2, kField, 4), "*** ");
+    address.HandleKey('1');
+    f.list->Draw();
+    EXPECT_EQ(getcurx(curscr), kField + 1);
+    EXPECT_EQ(Screen(kTop + 1, kField, 9), "1        ");
+    EXPECT_EQ(PairOnScreen(kTop + 1, kField), Pair(0, 7)) << "edited value plain";
+}
+
+// On a virtual terminal (TERM=linux) a focus move sends only the two rows that change.
+TEST_F(Render, FocusMoveSendsOnlyTheTwoRows) {
+    Open("linux");
+    ListFrame f;
+    LabelItem a("Configure Password", true), b("Configure Lockdown", true), c("Restart", true);
+    f.list->SetItems({&a, &b, &c});
+    f.frame.Draw(true);
+    long before = BytesWritten();
+    f.list->Down();
+    const std::string focusMove = OutputSince(before);
+    const std::regex position("\x1b\\[(\\d+);\\d+H"); // rows 7 and 8 (1-based) are the only ones addressed
+    int addressed = 0;
+    for (std::sregex_iterator at(focusMove.begin(), focusMove.end(), position), end; at != end;
+         ++at, ++addressed)
+        EXPECT_TRUE((*at)[1] == "7" || (*at)[1] == "8") << focusMove;
+    EXPECT_EQ(addressed, 2) << focusMove;
+    EXPECT_NE(focusMove.find(" Configure Password "), std::string::npos) << focusMove;
+    EXPECT_NE(focusMove.find(" Configure Lockdown "), std::string::npos) << focusMove;
+    EXPECT_LE(focusMove.size(), 2 * 29 + 2 * 7 + 2 * 10 + 20u)
+        << focusMove; // rows, addressing, colours, reset
+}
+
+TEST_F(Render, OnlyEnterClosesAStandardDialogAndLaterKeysStayUnread) {
+    for (const char* typed : {"xq \n!", "\x1b[A\x1b[B\n!", "\n!"}) {
+        NotificationDialog notification(nullptr, "T", "B");
+        MessageDialog message(nullptr, 112, "B");
+        InfoDialog info(nullptr, "I", "T", "B", "F");
+        for (Dialog* dialog : std::initializer_list<Dialog*>{&notification, &message, &info}) {
+            Type(typed);
+            EXPECT_EQ(dialog->Foreground(), 1) << testing::PrintToString(std::string(typed));
+            EXPECT_EQ(GetKey(dialog, false), '!');
+        }
+    }
+}
+
+// Keys waiting on the terminal when a frame is drawn are thrown away: they were typed for what was there
+// before. Curses flushes the terminal it writes to, so input and output are both the pseudo-terminal here.
+TEST(WindowTypeAhead, DrawingAFrameDiscardsPendingKeys) {
+    int master = -1, slave = -1;
+    ASSERT_EQ(openpty(&master, &slave, nullptr, nullptr, nullptr), 0);
+    fcntl(master, F_SETFL, O_NONBLOCK);
+    FILE* in = fdopen(slave, "r");
+    FILE* out = fdopen(dup(slave), "w");
+    SCREEN* screen = newterm("xterm-256color", out, in);
+    ASSERT_NE(screen, nullptr);
+    set_term(screen);
+    cbreak();
+    nodelay(stdscr, TRUE);
+    for (bool drawFrame : {false, true}) {
+        char buffer[4096];
+        while (read(master, buffer, sizeof buffer) > 0) {
+        }
+        ASSERT_EQ(write(master, "k", 1), 1);
+        usleep(20000); // let the key reach the slave side
+        if (drawFrame)
+            Window(0, 0, 10, 3, 0, 7).Draw(true);
+        EXPECT_EQ(wgetch(stdscr), drawFrame ? ERR : 'k') << (drawFrame ? "after a draw" : "without a draw");
+    }
+    endwin();
+    delscreen(screen);
+    std::fclose(out);
+    std::fclose(in);
+    close(master);
+}
+
+} // namespace
+} // namespace Tarn
