@@ -1,13 +1,15 @@
 // corlacli switch commands and the bryn-opsagent service operations.
-#include "TestHost.h"
+#include "../TempHost.h"
 
 #include "hostops/BrynOpsAgent.h"
 #include "hostops/CorlaCli.h"
 
+#include <gtest/gtest.h>
+
 namespace {
 
-TEST(CorlaCli, SwitchCommandsBuildTheirArguments) {
-    TestHost::Dir host;
+TEST(CorlaCli, SwitchCommandsBuildTheirArgumentsAndLogFailures) {
+    TempHost host;
     host.Script("/bin/corlacli", "echo \"$*\" >> " + host.Path("/calls"));
     EXPECT_TRUE(Tarn::AddStandardSwitch("kSwitch1"));
     EXPECT_TRUE(Tarn::ChangeStandardSwitchUplink("kSwitch1", "nicx1", true));
@@ -21,10 +23,7 @@ TEST(CorlaCli, SwitchCommandsBuildTheirArguments) {
     };
     EXPECT_EQ(host.Lines("/calls"), expected);
     EXPECT_TRUE(host.Logged("Command \"corlacli network kswitch standard add -v kSwitch1\" succeeded"));
-}
 
-TEST(CorlaCli, FailureLogsOutput) {
-    TestHost::Dir host;
     host.Script("/bin/corlacli", "echo 'Switch already exists'; echo hidden >&2; exit 1");
     EXPECT_FALSE(Tarn::AddStandardSwitch("kSwitch0"));
     EXPECT_TRUE(host.Logged("Command \"corlacli network kswitch standard add -v kSwitch0\" failed (rc=1): "
@@ -46,7 +45,7 @@ TEST(BrynOpsAgent, StopAndStartFollowTheStopResult) {
          {"stop"}},
     };
     for (const Case& c : cases) {
-        TestHost::Dir host;
+        TempHost host;
         host.Script("/etc/init.d/bryn-opsagent", "echo $1 >> " + host.Path("/calls") +
                                                      "\n[ $1 = stop ] && exit " + std::to_string(c.stopRc) +
                                                      "\nexit 0");
@@ -65,31 +64,25 @@ TEST(BrynOpsAgent, ActiveNeedsPresenceAndVersionThree) {
         const char* version;
         bool active;
     } cases[] = {
-        {true, "3.0.1", true},
-        {true, "12.4", true},
-        {true, "2.9.9", false},
-        {false, "3.0.1", false},
-    };
+        {true, "3.0.1", true}, {true, "12.4", true}, {true, "2.9.9", false}, {false, "3.0.1", false}};
     for (const Case& c : cases) {
-        TestHost::Dir host;
+        TempHost host;
         if (c.installed)
             host.Script("/etc/init.d/bryn-opsagent", "[ $1 = status ]");
         host.Script("/bin/corlacli", std::string("echo \"$*\" > ") + host.Path("/calls") +
                                          "\necho 'Name=bryn-opsagent'\necho 'Version=" + c.version + "-1'");
         EXPECT_EQ(Tarn::BrynOpsAgentActive(), c.active)
             << c.version << testing::PrintToString(host.LogMessages());
-        std::string statusLine = host.Path("/etc/init.d/bryn-opsagent") + " status";
-        EXPECT_TRUE(host.Logged("Running: " + statusLine));
+        EXPECT_TRUE(host.Logged("Running: " + host.Path("/etc/init.d/bryn-opsagent") + " status"));
         EXPECT_EQ(host.Logged("bryn-opsagent is not present on the system."), !c.installed);
         EXPECT_EQ(host.Logged("bryn-opsagent version >= 3 detected"), c.active);
-        if (c.installed) {
-            EXPECT_EQ(host.Read("/calls"), "--formatter=keyvalue software vib get -n bryn-opsagent\n");
-        }
+        EXPECT_EQ(host.Read("/calls"),
+                  c.installed ? "--formatter=keyvalue software vib get -n bryn-opsagent\n" : "");
     }
 }
 
 TEST(BrynOpsAgent, MigrateSwitchRunsTheMigrationTool) {
-    TestHost::Dir host;
+    TempHost host;
     const std::string tool = "/usr/lib64/orvane/bryn-opsagent/bin/bryncfg-kswitch";
     host.Script(tool, "echo \"$*\" > " + host.Path("/calls") + "\n[ $3 = good ]");
     EXPECT_TRUE(Tarn::BrynMigrateSwitch("good", "tes0"));

@@ -1,7 +1,7 @@
 // The host-control network objects over the simulated host: DNS changes held until SaveConfig, running vs
 // stored IP configuration with the stale flag, DHCP leases, routes, restore operations, switch listings and
-// the hosts file.
-#include "SimHostFixture.h"
+// the hosts file. Missing host state is in NetworkAccess_test.
+#include "NetworkHost.h"
 
 #include "network/SwitchListing.h"
 #include "platform/DnsConfig.h"
@@ -17,16 +17,13 @@ using HostCtl::Lib::HostCtlException;
 using namespace HostCtl::Network;
 using namespace TesCtl::Network;
 
-class NetworkModelTest : public SimHostFixture {
+class NetworkModelTest : public NetworkHostTest {
 protected:
-    void SetUp() override {
-        SimHostFixture::SetUp();
-        WriteHost(BaseHost());
-    }
+    void SetUp() override { host_.WriteState(BaseHost()); }
 };
 
 TEST_F(NetworkModelTest, DnsChangesReachTheHostOnlyWithSaveConfig) {
-    const Json before = ReadHost()["dns"];
+    const Json before = host_.State()["dns"];
     DnsConfigImpl dns;
     EXPECT_TRUE(dns.IsStale());
     dns.Refresh();
@@ -42,24 +39,18 @@ TEST_F(NetworkModelTest, DnsChangesReachTheHostOnlyWithSaveConfig) {
     // The object answers with its held changes, the host still has the old ones.
     EXPECT_EQ(dns.GetHostname(), "host02");
     EXPECT_EQ(dns.GetDomain(), "corp.test");
-    EXPECT_EQ(ReadHost()["dns"], before);
+    EXPECT_EQ(host_.State()["dns"], before);
     EXPECT_EQ(DnsConfigImpl().GetHostname(), "host01");
 
     dns.SaveConfig();
-    const Json after = ReadHost()["dns"];
-    EXPECT_EQ(after["hostname"], "host02");
-    EXPECT_EQ(after["domain"], "corp.test");
-    EXPECT_EQ(after["servers"], Json({"198.51.100.53"}));
-    EXPECT_EQ(after["ipv6Servers"], Json({"2001:db8::53"}));
-    EXPECT_EQ(after["search"], Json({"corp.test", "a.test", "b.test", "c.test"}));
-}
+    EXPECT_EQ(host_.State()["dns"], Json::parse(R"({"hostname": "host02", "domain": "corp.test",
+        "servers": ["198.51.100.53"], "ipv6Servers": ["2001:db8::53"], "dhcp": false,
+        "search": ["corp.test", "a.test", "b.test", "c.test"]})"));
 
-TEST_F(NetworkModelTest, SearchDomainsStringSplitsAtBlanksAndCommas) {
-    DnsConfigImpl dns;
     dns.SetSearchDomainsString("one.test,,two.test  three.test, one.test\t");
     EXPECT_EQ(dns.GetSearchDomains(), (std::vector<std::string>{"one.test", "two.test", "three.test"}));
     dns.SetHostname("plain", false);
-    EXPECT_EQ(dns.GetDomain(), "example.test");
+    EXPECT_EQ(dns.GetDomain(), "corp.test");
 }
 
 TEST_F(NetworkModelTest, StaleFlagAndStoredVersusRunning) {
@@ -80,26 +71,21 @@ TEST_F(NetworkModelTest, StaleFlagAndStoredVersusRunning) {
     EXPECT_TRUE(tesnic.GetDhcpBound());
 
     // The lease disappears: a restart (disable, enable) leaves the interface without an address.
-    auto host = ReadHost();
-    host["network"]["dhcp"]["available"] = false;
-    WriteHost(host);
+    host_.ChangeState([](Json& s) { s["network"]["dhcp"]["available"] = false; });
     tesnic.Disable();
-    EXPECT_FALSE(tesnic.IsEnabled());
     tesnic.Enable();
     EXPECT_TRUE(tesnic.IsEnabled());
     EXPECT_EQ(tesnic.GetIpConfig().GetIpv4Address().GetStringAddress(), "0.0.0.0");
     EXPECT_EQ(tesnic.GetDhcpServer().GetBinaryAddress(), 0u);
 
     // Another process changing the host is seen after Refresh.
-    host = ReadHost();
-    host["tesnics"][0]["mac"] = "00:50:56:aa:00:09";
-    WriteHost(host);
+    host_.ChangeState([](Json& s) { s["tesnics"][0]["mac"] = "00:50:56:aa:00:09"; });
     EXPECT_EQ(tesnic.GetMacAddress().GetStringAddress(), "00:50:56:aa:00:00");
     tesnic.Refresh();
     EXPECT_EQ(tesnic.GetMacAddress().GetStringAddress(), "00:50:56:aa:00:09");
 }
 
-TEST_F(NetworkModelTest, StaticConfigurationAndRenewal) {
+TEST_F(NetworkModelTest, StaticConfigurationMacAndConnectionPoint) {
     TesNicImpl tesnic("tes0");
     IpConfig config = tesnic.GetIpConfig();
     config.SetIpv4Address(Ipv4Address("192.0.2.20"));
@@ -108,21 +94,17 @@ TEST_F(NetworkModelTest, StaticConfigurationAndRenewal) {
     tesnic.SetIpConfig(config);
     EXPECT_EQ(tesnic.GetIpConfig(), config);
     EXPECT_EQ(tesnic.GetConfiguredIpConfig(), config);
-    EXPECT_EQ(ReadHost()["tesnics"][0]["running"]["ipv6Gateway"], "fe80::1%tes0");
+    EXPECT_EQ(host_.State()["tesnics"][0]["running"]["ipv6Gateway"], "fe80::1%tes0");
     // No DHCP in use: nothing to renew.
     EXPECT_THROW(tesnic.RenewDhcpLease(), HostCtlException);
     EXPECT_THROW(tesnic.RenewDhcpv6Lease(), HostCtlException);
     EXPECT_THROW(TesNicImpl("tes7"), HostCtlException);
-}
 
-TEST_F(NetworkModelTest, MacFromPnicAndConnectionPoint) {
-    TesNicImpl tesnic("tes0");
     PnicImpl pnic("nicx3");
     tesnic.SetMacAddressFromPnic(pnic);
-    EXPECT_EQ(ReadHost()["tesnics"][0]["mac"], "00:50:56:aa:00:03");
+    EXPECT_EQ(host_.State()["tesnics"][0]["mac"], "00:50:56:aa:00:03");
     tesnic.SetConnectionPoint(DVPort("kDS-1", "10"));
-    auto point = tesnic.GetConnectionPoint();
-    EXPECT_EQ(point->GetType(), ConnectionPoint::TYPE_DV_PORT);
+    EXPECT_EQ(tesnic.GetConnectionPoint()->GetType(), ConnectionPoint::TYPE_DV_PORT);
     EXPECT_THROW(tesnic.SetConnectionPoint(PortGroup("No Such Group")), HostCtlException);
     EXPECT_THROW(tesnic.SetConnectionPoint(ConnectionPoint(3)), HostCtlException);
 }
@@ -133,14 +115,15 @@ TEST_F(NetworkModelTest, RoutesAndIpv6State) {
     EXPECT_TRUE(routes.GetIpv6TesselDefaultGateway().IsUnspecified());
     routes.SetTesselDefaultGateway(Ipv4Address("192.0.2.254"), false);
     routes.SetIpv6TesselDefaultGateway(Ipv6Address("2001:db8::1"));
-    EXPECT_EQ(ReadHost()["routes"], Json({{"ipv4Gateway", "192.0.2.254"}, {"ipv6Gateway", "2001:db8::1"}}));
+    EXPECT_EQ(host_.State()["routes"],
+              Json({{"ipv4Gateway", "192.0.2.254"}, {"ipv6Gateway", "2001:db8::1"}}));
 
     NetworkInfoImpl info;
     EXPECT_TRUE(info.IsTesIpv6Enabled());
     info.SetTesIpv6Enabled(false);
     // Effective only after a restart: the running state stays.
     EXPECT_TRUE(info.IsTesIpv6Enabled());
-    EXPECT_EQ(ReadHost()["ipv6"]["pendingEnabled"], false);
+    EXPECT_EQ(host_.State()["ipv6"]["pendingEnabled"], false);
 }
 
 TEST_F(NetworkModelTest, FactoryRestoreBuildsDefaultManagementNetwork) {
@@ -148,13 +131,11 @@ TEST_F(NetworkModelTest, FactoryRestoreBuildsDefaultManagementNetwork) {
     info.DisableNetDumper();
     info.ClearNetworkConfig();
     EXPECT_EQ(NetworkInfoImpl().GetManagementInterface(), nullptr);
-    EXPECT_TRUE(ReadHost()["distributedSwitches"].empty());
+    EXPECT_TRUE(host_.State()["distributedSwitches"].empty());
     info.AutoConfigNetwork();
 
-    auto host = ReadHost();
-    EXPECT_EQ(host["netDumper"]["enabled"], false);
-    EXPECT_EQ(host["standardSwitches"][0]["name"], "kSwitch0");
-    EXPECT_EQ(host["standardSwitches"][0]["uplinks"], Json({"nicx0"}));
+    EXPECT_EQ(host_.State()["netDumper"]["enabled"], false);
+    EXPECT_EQ(host_.State()["standardSwitches"][0]["uplinks"], Json({"nicx0"}));
     NetworkInfoImpl fresh;
     auto management = fresh.GetManagementInterface();
     ASSERT_NE(management, nullptr);
@@ -168,8 +149,8 @@ TEST_F(NetworkModelTest, SwitchCreationNamesAndListings) {
     VirtualSwitchInfoImpl switches;
     switches.AddVirtualSwitch("kSwitch1", Portset::DEF_NUM_PORTS);
     EXPECT_THROW(switches.AddVirtualSwitch("kSwitch1", 64), HostCtlException);
-    EXPECT_TRUE(PortsetImpl().IsValidVirtualSwitch("kSwitch1"));
-    EXPECT_TRUE(PortsetImpl().IsValidVirtualSwitch("kDS-1"));
+    for (const char* name : {"kSwitch1", "kDS-1"})
+        EXPECT_TRUE(PortsetImpl().IsValidVirtualSwitch(name)) << name;
     EXPECT_FALSE(PortsetImpl().IsValidVirtualSwitch("kSwitch2"));
     auto all = switches.GetVirtualSwitches();
     ASSERT_EQ(all.size(), 2u);
@@ -192,14 +173,13 @@ TEST_F(NetworkModelTest, SwitchCreationNamesAndListings) {
     ASSERT_TRUE(Tarn::ScanDkSwitches(distributed));
     ASSERT_EQ(distributed.size(), 1u);
     EXPECT_EQ(distributed[0].uplinks, std::vector<std::string>{"nicx2"});
-    EXPECT_EQ(Tarn::FindUplinkUser("nicx2"), "kDS-1");
-    EXPECT_EQ(Tarn::FindUplinkUser("nicx0"), "kSwitch0");
-    EXPECT_EQ(Tarn::FindUplinkUser("nicx3"), "");
+    for (const auto& [nic, user] : {std::pair{"nicx2", "kDS-1"}, {"nicx0", "kSwitch0"}, {"nicx3", ""}})
+        EXPECT_EQ(Tarn::FindUplinkUser(nic), user) << nic;
     EXPECT_EQ(Tarn::GatherStandardSwitchUplinks(),
               (std::map<std::string, std::string>{{"nicx0", "kSwitch0"}}));
     std::vector<std::string> used;
     EXPECT_FALSE(Tarn::GetDvsUsedUplinks("kDS-9", used));
-    EXPECT_TRUE(Logged("DVS: getting used uplinks failed: No distributed switch named kDS-9"));
+    EXPECT_TRUE(host_.Logged("DVS: getting used uplinks failed: No distributed switch named kDS-9"));
 }
 
 TEST_F(NetworkModelTest, DistributedUplinkInfo) {
@@ -211,37 +191,20 @@ TEST_F(NetworkModelTest, DistributedUplinkInfo) {
     EXPECT_TRUE(uplinks[0].connected);
 
     // An uplink the host does not know as a physical NIC spoils the whole lookup.
-    auto host = ReadHost();
-    host["distributedSwitches"][0]["uplinks"].push_back("nicx9");
-    WriteHost(host);
+    host_.ChangeState([](Json& s) { s["distributedSwitches"][0]["uplinks"].push_back("nicx9"); });
     EXPECT_FALSE(Tarn::GetDvsUplinkInfo("kDS-1", uplinks));
     EXPECT_EQ(uplinks.size(), 1u);
-    EXPECT_TRUE(Logged("Getting uplink ports or info failed: physical NIC nicx9 not found"));
-}
-
-TEST_F(NetworkModelTest, ListingFailuresAreLogged) {
-    std::filesystem::remove(dir_ + "/etc/simhost/host.json");
-    std::vector<Tarn::SwitchSummary> found;
-    EXPECT_FALSE(Tarn::ScanVirtualSwitches(found));
-    EXPECT_FALSE(Tarn::ScanDkSwitches(found));
-    EXPECT_TRUE(Tarn::GatherStandardSwitchUplinks().empty());
-    for (const char* prefix : {"]: Scanning virtual switches failed: ", "]: Scanning dkswitches failed: ",
-                               "]: Gathering standard virtual switch list failed: "})
-        EXPECT_NE(Syslog().find(prefix), std::string::npos) << prefix;
+    EXPECT_TRUE(host_.Logged("Getting uplink ports or info failed: physical NIC nicx9 not found"));
 }
 
 TEST_F(NetworkModelTest, HostsFileRemovesOnlyTheName) {
-    std::filesystem::create_directories(dir_ + "/etc");
-    std::ofstream(dir_ + "/etc/hosts")
-        << "# hosts\n127.0.0.1 localhost\n192.0.2.10 host01.example.test HOST01\n"
-           "192.0.2.11 other host01 # kept\n";
+    host_.Write("/etc/hosts", "# hosts\n127.0.0.1 localhost\n192.0.2.10 host01.example.test HOST01\n"
+                              "192.0.2.11 other host01 # kept\n");
     HostsFile hosts;
-    EXPECT_EQ(hosts.GetPath(), dir_ + "/etc/hosts");
+    EXPECT_EQ(hosts.GetPath(), host_.Path("/etc/hosts"));
     EXPECT_TRUE(hosts.RemoveEntryByHostName("host01"));
-    std::stringstream text;
-    text << std::ifstream(dir_ + "/etc/hosts").rdbuf();
-    EXPECT_EQ(text.str(),
+    EXPECT_EQ(host_.Read("/etc/hosts"),
               "# hosts\n127.0.0.1 localhost\n192.0.2.10 host01.example.test\n192.0.2.11 other # kept\n");
     EXPECT_FALSE(hosts.RemoveEntryByHostName("absent"));
-    EXPECT_THROW(HostsFile(dir_ + "/no/hosts").RemoveEntryByHostName("x"), HostCtlException);
+    EXPECT_THROW(HostsFile(host_.Path("/no/hosts")).RemoveEntryByHostName("x"), HostCtlException);
 }

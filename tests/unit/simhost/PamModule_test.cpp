@@ -13,7 +13,7 @@
 
 namespace {
 
-// Answers hidden-echo prompts from a script, in order; records every message it is shown.
+// Answers hidden-echo prompts from a script, in order; records every error message it is shown.
 struct Conversation {
     std::vector<std::string> answers;
     size_t next = 0;
@@ -26,13 +26,12 @@ struct Conversation {
         if (out == nullptr)
             return PAM_BUF_ERR;
         for (int i = 0; i < count; ++i) {
-            const pam_message* m = messages[i];
-            if (m->msg_style == PAM_PROMPT_ECHO_OFF) {
+            if (messages[i]->msg_style == PAM_PROMPT_ECHO_OFF) {
                 ++self->hiddenPrompts;
                 std::string answer = self->next < self->answers.size() ? self->answers[self->next++] : "";
                 out[i].resp = strdup(answer.c_str());
-            } else if (m->msg_style == PAM_ERROR_MSG) {
-                self->errors.emplace_back(m->msg);
+            } else if (messages[i]->msg_style == PAM_ERROR_MSG) {
+                self->errors.emplace_back(messages[i]->msg);
             }
         }
         *replies = out;
@@ -43,7 +42,6 @@ struct Conversation {
 class PamHost : public ::testing::Test {
 protected:
     void SetUp() override {
-        dir_ = tmp_.Path();
         std::filesystem::create_directories(dir_ + "/etc/pam.d");
         std::string module = SimHostTesting::BuildDir() + "/pam_simhost.so root=" + dir_ + "\n";
         std::ofstream(dir_ + "/etc/pam.d/tarn")
@@ -60,49 +58,30 @@ protected:
             {"name": "blank", "password": "", "expired": false, "permitted": true}]})"));
     }
 
-    // The console's login: authenticate, then the account check, silent; the last status.
-    int Login(const char* user, const std::string& password, Conversation* seen = nullptr) {
-        Conversation conversation;
-        conversation.answers = {password};
-        pam_conv conv{Conversation::Reply, &conversation};
+    // The console's steps on one handle: with `authenticate`, authentication and the account check
+    // (silent), then with `changeFlags` >= 0 a password change, which an expired password does not stop.
+    // Returns the last status.
+    int Pam(const char* user, std::vector<std::string> answers, bool authenticate, int changeFlags = -1) {
+        seen_ = Conversation{};
+        seen_.answers = std::move(answers);
+        pam_conv conv{Conversation::Reply, &seen_};
         pam_handle_t* h = nullptr;
         int rc = pam_start_confdir("tarn", user, &conv, (dir_ + "/etc/pam.d").c_str(), &h);
         if (rc != PAM_SUCCESS)
             return rc;
-        rc = pam_authenticate(h, PAM_SILENT);
-        if (rc == PAM_SUCCESS)
-            rc = pam_acct_mgmt(h, PAM_SILENT);
-        pam_end(h, rc);
-        if (seen != nullptr)
-            *seen = conversation;
-        return rc;
-    }
-
-    // A password change; with `authenticateFirst` in the console's order (authenticate, account check,
-    // change in one handle), else a bare change.
-    int Change(const char* user, std::vector<std::string> answers, bool authenticateFirst, int flags,
-               Conversation* seen = nullptr) {
-        Conversation conversation;
-        conversation.answers = std::move(answers);
-        pam_conv conv{Conversation::Reply, &conversation};
-        pam_handle_t* h = nullptr;
-        int rc = pam_start_confdir("tarn", user, &conv, (dir_ + "/etc/pam.d").c_str(), &h);
-        if (rc != PAM_SUCCESS)
-            return rc;
-        if (authenticateFirst) {
+        if (authenticate) {
             rc = pam_authenticate(h, PAM_SILENT);
             if (rc == PAM_SUCCESS)
                 rc = pam_acct_mgmt(h, PAM_SILENT);
-            if (rc == PAM_NEW_AUTHTOK_REQD)
+            if (rc == PAM_NEW_AUTHTOK_REQD && changeFlags >= 0)
                 rc = PAM_SUCCESS;
         }
-        if (rc == PAM_SUCCESS)
-            rc = pam_chauthtok(h, flags);
+        if (rc == PAM_SUCCESS && changeFlags >= 0)
+            rc = pam_chauthtok(h, changeFlags);
         pam_end(h, rc);
-        if (seen != nullptr)
-            *seen = conversation;
         return rc;
     }
+    int Login(const char* user, const std::string& password) { return Pam(user, {password}, true); }
 
     SimHost::Json User(const std::string& name) {
         SimHost::Json state = SimHost::Load(dir_);
@@ -113,7 +92,8 @@ protected:
     }
 
     SimHostTesting::TempDir tmp_;
-    std::string dir_;
+    std::string dir_ = tmp_.Path();
+    Conversation seen_;
 };
 
 TEST_F(PamHost, LoginOutcomes) {
@@ -121,44 +101,39 @@ TEST_F(PamHost, LoginOutcomes) {
         const char* user;
         const char* password;
         int status;
-    } cases[] = {
-        {"root", "Secret#1", PAM_SUCCESS},
-        {"root", "secret#1", PAM_AUTH_ERR},
-        {"root", "", PAM_AUTH_ERR},
-        {"nobody", "Secret#1", PAM_AUTH_ERR},
-        {"late", "Old-pass1", PAM_NEW_AUTHTOK_REQD},
-        {"late", "wrong", PAM_AUTH_ERR},
-        {"guest", "Guest-pw1", PAM_PERM_DENIED},
-        {"blank", "", PAM_SUCCESS},
-        {"blank", "x", PAM_AUTH_ERR},
-    };
+    } cases[] = {{"root", "Secret#1", PAM_SUCCESS},
+                 {"root", "secret#1", PAM_AUTH_ERR},
+                 {"root", "", PAM_AUTH_ERR},
+                 {"nobody", "Secret#1", PAM_AUTH_ERR},
+                 {"late", "Old-pass1", PAM_NEW_AUTHTOK_REQD},
+                 {"late", "wrong", PAM_AUTH_ERR},
+                 {"guest", "Guest-pw1", PAM_PERM_DENIED},
+                 {"blank", "", PAM_SUCCESS},
+                 {"blank", "x", PAM_AUTH_ERR}};
     for (const Case& c : cases) {
-        Conversation seen;
-        EXPECT_EQ(Login(c.user, c.password, &seen), c.status) << c.user << '/' << c.password;
-        EXPECT_EQ(seen.hiddenPrompts, 1) << c.user;
+        SCOPED_TRACE(std::string(c.user) + '/' + c.password);
+        EXPECT_EQ(Login(c.user, c.password), c.status);
+        EXPECT_EQ(seen_.hiddenPrompts, 1);
     }
-}
-
-TEST_F(PamHost, MissingStateIsAnErrorNotACrash) {
     std::filesystem::remove(SimHost::StatePath(dir_));
-    EXPECT_EQ(Login("root", "Secret#1"), PAM_AUTHINFO_UNAVAIL);
+    EXPECT_EQ(Login("root", "Secret#1"), PAM_AUTHINFO_UNAVAIL) << "an error, not a crash";
 }
 
-TEST_F(PamHost, ConsoleOrderChangeClearsExpiry) {
-    Conversation seen;
-    EXPECT_EQ(Change("late", {"Old-pass1", "New-pass2", "New-pass2"}, true, PAM_SILENT, &seen), PAM_SUCCESS);
-    EXPECT_EQ(seen.hiddenPrompts, 3); // authentication, new, retype: the old one is not asked twice
-    EXPECT_EQ(User("late")["password"], "New-pass2");
+TEST_F(PamHost, AcceptedChanges) {
+    // The console's order: authentication, new, retype; the old password is not asked twice.
+    EXPECT_EQ(Pam("late", {"Old-pass1", "New-pass2", "New-pass2"}, true, PAM_SILENT), PAM_SUCCESS);
+    EXPECT_EQ(seen_.hiddenPrompts, 3);
     EXPECT_EQ(User("late")["expired"], false);
     EXPECT_EQ(Login("late", "New-pass2"), PAM_SUCCESS);
     EXPECT_EQ(Login("late", "Old-pass1"), PAM_AUTH_ERR);
-}
 
-TEST_F(PamHost, BareChangeAsksForOldPassword) {
-    Conversation seen;
-    EXPECT_EQ(Change("root", {"Secret#1", "Another9x", "Another9x"}, false, 0, &seen), PAM_SUCCESS);
-    EXPECT_EQ(seen.hiddenPrompts, 3);
-    EXPECT_EQ(User("root")["password"], "Another9x");
+    // A bare change asks for the old one. Seven characters from three kinds, and all four kinds, pass.
+    for (const char* password : {"Abcdef1", "abcdef-1", "ABC-DEF-1", "aB3$efgh"}) {
+        std::string current = User("root")["password"];
+        EXPECT_EQ(Pam("root", {current, password, password}, false, 0), PAM_SUCCESS) << password;
+        EXPECT_EQ(seen_.hiddenPrompts, 3);
+        EXPECT_EQ(User("root")["password"], password);
+    }
 }
 
 TEST_F(PamHost, RejectedChangesKeepThePassword) {
@@ -166,35 +141,22 @@ TEST_F(PamHost, RejectedChangesKeepThePassword) {
         const char* name;
         std::vector<std::string> answers;
         bool ruleMessage;
-    } cases[] = {
-        {"wrong old password", {"Secret#2", "Good-pass1", "Good-pass1"}, false},
-        {"retype differs", {"Secret#1", "Good-pass1", "Good-pass2"}, false},
-        {"too short", {"Secret#1", "Ab1-x", "Ab1-x"}, true},
-        {"two kinds only", {"Secret#1", "abcdefgh12", "abcdefgh12"}, true},
-        {"lower and other only", {"Secret#1", "abc-def-ghi", "abc-def-ghi"}, true},
-        {"empty", {"Secret#1", "", ""}, true},
-    };
+    } cases[] = {{"wrong old password", {"Secret#2", "Good-pass1", "Good-pass1"}, false},
+                 {"retype differs", {"Secret#1", "Good-pass1", "Good-pass2"}, false},
+                 {"too short", {"Secret#1", "Ab1-x", "Ab1-x"}, true},
+                 {"two kinds only", {"Secret#1", "abcdefgh12", "abcdefgh12"}, true},
+                 {"lower and other only", {"Secret#1", "abc-def-ghi", "abc-def-ghi"}, true},
+                 {"empty", {"Secret#1", "", ""}, true}};
     for (const Case& c : cases) {
-        Conversation seen;
-        EXPECT_NE(Change("root", c.answers, false, 0, &seen), PAM_SUCCESS) << c.name;
-        EXPECT_EQ(User("root")["password"], "Secret#1") << c.name;
-        EXPECT_EQ(!seen.errors.empty() && seen.errors[0].find("at least 7 characters") != std::string::npos,
-                  c.ruleMessage)
-            << c.name;
+        SCOPED_TRACE(c.name);
+        EXPECT_NE(Pam("root", c.answers, false, 0), PAM_SUCCESS);
+        EXPECT_EQ(User("root")["password"], "Secret#1");
+        EXPECT_EQ(!seen_.errors.empty() && seen_.errors[0].find("at least 7 characters") != std::string::npos,
+                  c.ruleMessage);
     }
     // The rule's failure status, and silence when asked for it.
-    Conversation seen;
-    EXPECT_EQ(Change("root", {"Secret#1", "short", "short"}, false, PAM_SILENT, &seen), PAM_AUTHTOK_ERR);
-    EXPECT_TRUE(seen.errors.empty());
-}
-
-TEST_F(PamHost, AcceptedPasswordsMeetTheRule) {
-    // Seven characters from three kinds, and all four kinds.
-    for (const char* password : {"Abcdef1", "abcdef-1", "ABC-DEF-1", "aB3$efgh"}) {
-        std::string current = User("root")["password"];
-        EXPECT_EQ(Change("root", {current, password, password}, false, PAM_SILENT), PAM_SUCCESS) << password;
-        EXPECT_EQ(User("root")["password"], password);
-    }
+    EXPECT_EQ(Pam("root", {"Secret#1", "short", "short"}, false, PAM_SILENT), PAM_AUTHTOK_ERR);
+    EXPECT_TRUE(seen_.errors.empty());
 }
 
 } // namespace

@@ -83,22 +83,16 @@ TEST(SimHostStore, WriterKilledMidChangeLeavesPreviousValidState) {
     EXPECT_GT(last, 0);
 }
 
-struct BadState {
-    const char* name;
-    const char* text; // nullptr: no file at all
-};
-
 TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
-    const BadState cases[] = {
-        {"missing", nullptr}, {"empty", ""}, {"truncated", "{\"n\": 1, \"dns\": {"}, {"array", "[1, 2]"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+    // No file at all, empty, truncated, not an object.
+    for (const char* text : {static_cast<const char*>(nullptr), "", "{\"n\": 1, \"dns\": {", "[1, 2]"}) {
+        SCOPED_TRACE(text ? text : "(missing)");
         TempDir tmp;
         std::string dir = tmp.Path();
         std::filesystem::create_directories(dir + "/etc/simhost");
         std::string path = SimHost::StatePath(dir);
-        if (c.text)
-            std::ofstream(path) << c.text;
+        if (text)
+            std::ofstream(path) << text;
 
         try {
             SimHost::Load(dir);
@@ -107,10 +101,9 @@ TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
             EXPECT_NE(std::string(e.what()).find(path), std::string::npos) << e.what();
         }
         EXPECT_THROW(SimHost::Transact(dir, [](Json& s) { s["n"] = 2; }), SimHost::StoreError);
-        if (c.text) { // a failed transaction leaves the broken file for inspection, unchanged
+        if (text) { // a failed transaction leaves the broken file for inspection, unchanged
             std::ifstream in(path);
-            std::string now((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-            EXPECT_EQ(now, c.text);
+            EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), text);
         }
 
         Result shown = RunProgram(BuildDir() + "/simhost", {"simhost", "show", dir});

@@ -21,48 +21,38 @@ class SimHostTools : public ::testing::Test {
 protected:
     void SetUp() override { SimHost::InitHost(dir_, "default", BuildDir()); }
 
-    // Runs DIR<hostPath> with element 0 `name`, as the console does.
+    // Runs DIR<hostPath> with `argv` (element 0 included), as the console does.
     Result Tool(const std::string& hostPath, std::vector<std::string> argv) {
         return RunProgram(dir_ + hostPath, argv);
     }
-    Result Kelp(const std::string& user, const std::string& command) {
+    Result Kelp(const std::string& command, const std::string& user = "tarn") {
         return Tool("/bin/kelp-cmd", {"kelp-cmd", "-U", user, command});
+    }
+    int Sh(const std::string& script, const std::string& arg) {
+        return RunProgram("/bin/sh", {"sh", dir_ + script, arg}).code;
     }
     Json State() { return SimHost::Load(dir_); }
     void Change(const std::function<void(Json&)>& fn) { SimHost::Transact(dir_, fn); }
-    std::vector<Json> CallLog() {
-        std::ifstream in(dir_ + "/var/log/simhost-calls.log");
-        std::vector<Json> lines;
-        for (std::string line; std::getline(in, line);)
-            lines.push_back(Json::parse(line));
-        return lines;
-    }
-    Json Uplinks(const std::string& sw) {
-        Json state = State();
-        for (const auto& s : state["standardSwitches"])
-            if (s["name"] == sw)
-                return s["uplinks"];
-        return nullptr;
-    }
 
     TempDir tmp_;
     std::string dir_ = tmp_.Path();
 };
 
 TEST_F(SimHostTools, EveryCallIsLoggedAsItsArgv) {
-    Kelp("tarn", "internalsvc/refresh");
-    RunProgram("/bin/sh", {"sh", dir_ + "/etc/init.d/SSH", "status"});
+    Kelp("internalsvc/refresh");
+    Sh("/etc/init.d/SSH", "status");
     RunProgram("/bin/sh", {"sh", "-c", dir_ + "/sbin/resetCfg.py --reset-only > /dev/null 2>&1"});
     Tool("/bin/corlacli", {"corlacli", "bogus words"});
-    auto lines = CallLog();
-    ASSERT_EQ(lines.size(), 4u);
-    EXPECT_EQ(lines[0], Json({"kelp-cmd", "-U", "tarn", "internalsvc/refresh"}));
-    EXPECT_EQ(lines[1], Json({"/etc/init.d/SSH", "status"})); // scripts record their host path
-    EXPECT_EQ(lines[2], Json({"/sbin/resetCfg.py", "--reset-only"}));
-    EXPECT_EQ(lines[3], Json({"corlacli", "bogus words"}));
+    std::ifstream in(dir_ + "/var/log/simhost-calls.log");
+    std::vector<Json> lines;
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(Json::parse(line));
+    // Scripts record their host path.
+    EXPECT_EQ(Json(lines), Json::parse(R"([["kelp-cmd", "-U", "tarn", "internalsvc/refresh"],
+        ["/etc/init.d/SSH", "status"], ["/sbin/resetCfg.py", "--reset-only"], ["corlacli", "bogus words"]])"));
 }
 
-TEST_F(SimHostTools, KelpCmdActsOnlyAsAcceptedUsers) {
+TEST_F(SimHostTools, KelpCmdActsOnlyAsAcceptedUsersAndRunsLockdown) {
     struct Case {
         Json accepted;
         const char* user;
@@ -71,57 +61,45 @@ TEST_F(SimHostTools, KelpCmdActsOnlyAsAcceptedUsers) {
         {{"tarn"}, "root", 255}, {{"tarn"}, "tarn", 0}, {{"tarn", "root"}, "root", 0}, {{}, "tarn", 255}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.accepted.dump() + " " + c.user);
-        Change([&](Json& s) { s["simulation"]["kelpCmdUsers"] = c.accepted; });
-        Result r = Kelp(c.user, "hostsvc/start_ssh");
-        EXPECT_EQ(r.code, c.code) << r.err;
+        Change([&](Json& s) {
+            s["simulation"]["kelpCmdUsers"] = c.accepted;
+            s["services"]["SSH"]["running"] = false;
+        });
+        EXPECT_EQ(Kelp("hostsvc/start_ssh", c.user).code, c.code);
         EXPECT_EQ(State()["services"]["SSH"]["running"], c.code == 0);
-        Change([](Json& s) { s["services"]["SSH"]["running"] = false; });
     }
-}
-
-TEST_F(SimHostTools, LockdownRoundTrip) {
-    EXPECT_EQ(Kelp("tarn", "kelpsvc/auth/lockdown_is_enabled").out, "false\n");
-    EXPECT_EQ(Kelp("tarn", "kelpsvc/auth/lockdown_is_possible").out, "true\n");
-    EXPECT_EQ(Kelp("tarn", "kelpsvc/auth/lockdown_mode_enter").code, 0);
-    EXPECT_EQ(Kelp("tarn", "kelpsvc/auth/lockdown_is_enabled").out, "true\n");
-    EXPECT_EQ(Kelp("tarn", "kelpsvc/auth/lockdown_mode_exit").code, 0);
-    EXPECT_EQ(Kelp("tarn", "kelpsvc/auth/lockdown_is_enabled").out, "false\n");
-
+    Change([&](Json& s) { s["simulation"]["kelpCmdUsers"] = {"tarn"}; });
+    EXPECT_EQ(Kelp("kelpsvc/auth/lockdown_mode_enter").code, 0);
+    EXPECT_EQ(Kelp("kelpsvc/auth/lockdown_is_enabled").out, "true\n");
+    EXPECT_EQ(Kelp("kelpsvc/auth/lockdown_mode_exit").code, 0);
+    EXPECT_EQ(Kelp("kelpsvc/auth/lockdown_is_enabled").out, "false\n");
     Change([](Json& s) { s["lockdown"]["possible"] = false; });
-    Result refused = Kelp("tarn", "kelpsvc/auth/lockdown_mode_enter");
+    EXPECT_EQ(Kelp("kelpsvc/auth/lockdown_is_possible").out, "false\n");
+    Result refused = Kelp("kelpsvc/auth/lockdown_mode_enter");
     EXPECT_EQ(refused.code, 1);
     EXPECT_FALSE(refused.err.empty());
     EXPECT_EQ(State()["lockdown"]["enabled"], false);
-    EXPECT_EQ(Kelp("tarn", "no/such/command").code, 1);
+    EXPECT_EQ(Kelp("no/such/command").code, 1);
 }
 
 TEST_F(SimHostTools, TespingAnswersOnlyForAnsweringAddresses) {
     Change([](Json& s) { s["network"]["answering"].push_back("fe80::1"); });
-    struct Case {
-        std::vector<std::string> args;
-        int code;
-    } cases[] = {
-        {{"-c", "3", "192.0.2.1"}, 0},
-        {{"-c", "3", "-I", "tes0", "192.0.2.53"}, 0},
-        {{"-c", "3", "-I", "tes0", "fe80::1%tes0"}, 0},
-        {{"-c", "3", "192.0.2.99"}, 1},
-        {{"-c", "3", "-I", "tes7", "192.0.2.1"}, 2},
-    };
-    for (const auto& c : cases) {
-        std::vector<std::string> argv{"tesping"};
-        argv.insert(argv.end(), c.args.begin(), c.args.end());
+    const std::pair<std::vector<std::string>, int> cases[] = {
+        {{"tesping", "-c", "3", "192.0.2.1"}, 0},
+        {{"tesping", "-c", "3", "-I", "tes0", "fe80::1%tes0"}, 0},
+        {{"tesping", "-c", "3", "192.0.2.99"}, 1},
+        {{"tesping", "-c", "3", "-I", "tes7", "192.0.2.1"}, 2}};
+    for (const auto& [argv, code] : cases) {
         SCOPED_TRACE(argv.back());
         Result r = Tool("/bin/tesping", argv);
-        EXPECT_EQ(r.code, c.code);
-        if (c.code < 2) {
-            EXPECT_NE(r.out.find(c.code == 0 ? "3 packets received" : "0 packets received"),
-                      std::string::npos)
-                << r.out;
+        EXPECT_EQ(r.code, code);
+        if (code < 2) {
+            EXPECT_NE(r.out.find(code == 0 ? "3 packets received" : "0 packets received"), std::string::npos);
         }
     }
 }
 
-// A process whose pid sits in tarn.pid: `name` is what its command line shows.
+// A process named `name` whose pid sits in tarn.pid.
 pid_t StartSleeper(const std::string& dir, const std::string& name) {
     std::string path = dir + "/" + name;
     fs::copy_file("/bin/sleep", path, fs::copy_options::overwrite_existing);
@@ -132,11 +110,9 @@ pid_t StartSleeper(const std::string& dir, const std::string& name) {
     }
     std::ofstream(dir + "/var/run/tarn.pid") << pid << "\n";
     // Wait until the exec has replaced the forked copy's command line.
-    for (int i = 0; i < 200; ++i) {
-        if (fs::read_symlink("/proc/" + std::to_string(pid) + "/exe").filename() == name)
-            break;
+    for (int i = 0; i < 200 && fs::read_symlink("/proc/" + std::to_string(pid) + "/exe").filename() != name;
+         ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
     return pid;
 }
 
@@ -154,87 +130,61 @@ int EndingSignal(pid_t pid, int waitMs) {
 }
 
 TEST_F(SimHostTools, PowerCommandsMarkStateAndEndOnlyTheConsole) {
-    pid_t foreign = StartSleeper(tmp_.Path(), "not-tarn");
+    pid_t foreign = StartSleeper(dir_, "not-tarn");
     EXPECT_EQ(Tool("/sbin/reboot", {"reboot", "-f"}).code, 0);
     EXPECT_EQ(EndingSignal(foreign, 300), 0) << "a foreign process was signalled";
-    Json s = State();
-    EXPECT_EQ(s["power"]["state"], "rebooting");
-    EXPECT_EQ(s["power"]["history"].back()["action"], "reboot");
-    EXPECT_EQ(s["power"]["history"].back()["force"], true);
+    EXPECT_EQ(State()["power"]["state"], "rebooting");
+    EXPECT_EQ(State()["power"]["history"].back()["action"], "reboot");
+    EXPECT_EQ(State()["power"]["history"].back()["force"], true);
 
-    pid_t console = StartSleeper(tmp_.Path(), "tarn");
+    pid_t console = StartSleeper(dir_, "tarn");
     EXPECT_EQ(Tool("/sbin/poweroff", {"poweroff"}).code, 0);
     EXPECT_EQ(EndingSignal(console, 3000), SIGTERM);
     EXPECT_EQ(State()["power"]["state"], "off");
-
-    Result on = RunProgram(BuildDir() + "/simhost", {"simhost", "power-on", dir_});
-    EXPECT_EQ(on.code, 0) << on.err;
+    EXPECT_EQ(RunProgram(BuildDir() + "/simhost", {"simhost", "power-on", dir_}).code, 0);
     EXPECT_EQ(State()["power"]["state"], "on");
 }
 
-TEST_F(SimHostTools, CorlacliChangesStandardSwitches) {
-    auto corlacli = [&](std::vector<std::string> words) {
-        words.insert(words.begin(), "corlacli");
-        return Tool("/bin/corlacli", words).code;
+TEST_F(SimHostTools, CorlacliChangesSwitchesAndOptions) {
+    auto corlacli = [&](const std::string& words) {
+        std::vector<std::string> argv{"corlacli", "network", "kswitch", "standard"};
+        std::istringstream in(words);
+        for (std::string w; in >> w;)
+            argv.push_back(w);
+        return Tool("/bin/corlacli", argv).code;
     };
-    EXPECT_EQ(
-        corlacli({"network", "kswitch", "standard", "uplink", "remove", "-u", "nicx1", "-v", "kSwitch0"}), 0);
-    EXPECT_EQ(Uplinks("kSwitch0"), Json({"nicx0"}));
+    EXPECT_EQ(corlacli("uplink remove -u nicx1 -v kSwitch0"), 0);
+    EXPECT_EQ(State()["standardSwitches"][0]["uplinks"], Json({"nicx0"}));
     EXPECT_EQ(State()["standardSwitches"][0]["portGroups"][0]["teaming"]["uplinkOrder"], Json({"nicx0"}));
-    EXPECT_NE(
-        corlacli({"network", "kswitch", "standard", "uplink", "remove", "-u", "nicx1", "-v", "kSwitch0"}), 0);
+    EXPECT_NE(corlacli("uplink remove -u nicx1 -v kSwitch0"), 0);
+    EXPECT_EQ(corlacli("add -v kSwitch1"), 0);
+    EXPECT_NE(corlacli("add -v kSwitch1"), 0);
+    // Free, in use elsewhere, no such NIC.
+    EXPECT_EQ(corlacli("uplink add -u nicx1 -v kSwitch1"), 0);
+    EXPECT_NE(corlacli("uplink add -u nicx0 -v kSwitch1"), 0);
+    EXPECT_NE(corlacli("uplink add -u nicx9 -v kSwitch1"), 0);
+    EXPECT_EQ(State()["standardSwitches"][1]["uplinks"], Json({"nicx1"}));
 
-    EXPECT_EQ(corlacli({"network", "kswitch", "standard", "add", "-v", "kSwitch1"}), 0);
-    EXPECT_NE(corlacli({"network", "kswitch", "standard", "add", "-v", "kSwitch1"}), 0);
-    EXPECT_EQ(corlacli({"network", "kswitch", "standard", "uplink", "add", "-u", "nicx1", "-v", "kSwitch1"}),
+    EXPECT_EQ(Tool("/sbin/corlacli", {"corlacli", "system", "settings", "advanced", "set", "-o",
+                                      "/UserVars/CorlaShellTimeOut", "-i", "900"})
+                  .code,
               0);
-    EXPECT_EQ(Uplinks("kSwitch1"), Json({"nicx1"}));
-    // In use elsewhere, or no such NIC: refused, nothing changes.
-    EXPECT_NE(corlacli({"network", "kswitch", "standard", "uplink", "add", "-u", "nicx0", "-v", "kSwitch1"}),
-              0);
-    EXPECT_NE(corlacli({"network", "kswitch", "standard", "uplink", "add", "-u", "nicx9", "-v", "kSwitch1"}),
-              0);
-    EXPECT_EQ(Uplinks("kSwitch1"), Json({"nicx1"}));
-
-    EXPECT_EQ(corlacli({"network", "kswitch", "standard", "portgroup", "add", "-p", "PG1", "-v", "kSwitch1"}),
-              0);
-    EXPECT_NE(corlacli({"network", "kswitch", "standard", "portgroup", "add", "-p", "PG1", "-v", "kSwitch0"}),
-              0);
-    EXPECT_EQ(State()["standardSwitches"][1]["portGroups"][0]["name"], "PG1");
-}
-
-TEST_F(SimHostTools, AdvancedOptionsAndPackageVersion) {
-    Result set = Tool("/sbin/corlacli", {"corlacli", "system", "settings", "advanced", "set", "-o",
-                                         "/UserVars/CorlaShellTimeOut", "-i", "900"});
-    EXPECT_EQ(set.code, 0) << set.out;
-    Result get =
-        Tool("/sbin/corlacfg-advcfg", {"corlacfg-advcfg", "-q", "-g", "/UserVars/CorlaShellTimeOut"});
-    EXPECT_EQ(get.out, "900\n");
-    EXPECT_NE(Tool("/sbin/corlacfg-advcfg", {"corlacfg-advcfg", "-q", "-g", "/UserVars/Nope"}).code, 0);
-
+    EXPECT_EQ(
+        Tool("/sbin/corlacfg-advcfg", {"corlacfg-advcfg", "-q", "-g", "/UserVars/CorlaShellTimeOut"}).out,
+        "900\n");
     // The console's version test takes the major number from the "Version" key=value line.
     std::string line = dir_ +
                        "/bin/corlacli --formatter=keyvalue software vib get -n bryn-opsagent | "
                        "awk '/Version/{ split($0, kv, \"=\"); split(kv[2], ver, \".\"); print ver[1] }'";
     EXPECT_EQ(RunProgram("/bin/sh", {"sh", "-c", "PATH=/usr/bin:/bin; " + line}).out, "8\n");
-    Change([](Json& s) { s["services"]["bryn-opsagent"]["installed"] = false; });
-    EXPECT_NE(Tool("/bin/corlacli",
-                   {"corlacli", "--formatter=keyvalue", "software", "vib", "get", "-n", "bryn-opsagent"})
-                  .code,
-              0);
 }
 
 TEST_F(SimHostTools, ScriptsAndInjectedFailures) {
-    auto sh = [&](const std::string& script, const std::string& arg) {
-        return RunProgram("/bin/sh", {"sh", dir_ + script, arg}).code;
-    };
-    EXPECT_EQ(sh("/etc/init.d/CorlaShell", "status"), 3);
-    EXPECT_EQ(sh("/etc/init.d/CorlaShell", "start"), 0);
-    EXPECT_EQ(sh("/etc/init.d/CorlaShell", "status"), 0);
-    EXPECT_EQ(sh("/sbin/svcctl.sh", "stop"), 0);
+    EXPECT_EQ(Sh("/etc/init.d/CorlaShell", "status"), 3);
+    EXPECT_EQ(Sh("/etc/init.d/CorlaShell", "start"), 0);
+    EXPECT_EQ(Sh("/etc/init.d/CorlaShell", "status"), 0);
+    EXPECT_EQ(Sh("/sbin/svcctl.sh", "stop"), 0);
     EXPECT_EQ(State()["services"]["stewd"]["running"], false);
-    EXPECT_EQ(sh("/sbin/svcctl.sh", "start"), 0);
-    EXPECT_EQ(State()["services"]["stewd"]["running"], true);
 
     Change([](Json& s) {
         s["vms"][0]["running"] = true;
@@ -242,8 +192,8 @@ TEST_F(SimHostTools, ScriptsAndInjectedFailures) {
     });
     EXPECT_EQ(Tool("/sbin/haltGuests", {"haltGuests"}).code, 1);
     EXPECT_EQ(State()["vms"][0]["running"], true);
-    EXPECT_EQ(Kelp("tarn", "hostsvc/start_ssh").code, 1);
-    EXPECT_EQ(Kelp("tarn", "hostsvc/stop_ssh").code, 0); // only the named command fails
+    EXPECT_EQ(Kelp("hostsvc/start_ssh").code, 1);
+    EXPECT_EQ(Kelp("hostsvc/stop_ssh").code, 0); // only the named command fails
 
     Change([](Json& s) { s["simulation"]["failing"] = Json::array(); });
     EXPECT_EQ(Tool("/bin/haltGuests", {"haltGuests", "--terminate"}).code, 0);
