@@ -12,7 +12,6 @@
 #include <curses.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -20,7 +19,6 @@
 #include <functional>
 #include <sstream>
 #include <string>
-#include <vector>
 
 class TempHost : public ::testing::Test {
 protected:
@@ -49,19 +47,9 @@ protected:
         text << std::ifstream(dir_ + "/" + relative).rdbuf();
         return text.str();
     }
-    // The message parts of the console's syslog lines ("... TARN[pid]: message").
-    std::vector<std::string> LogMessages() const {
-        std::vector<std::string> messages;
-        std::istringstream in(Read("var/log/syslog.log"));
-        for (std::string line; std::getline(in, line);) {
-            size_t at = line.find("]: ");
-            messages.push_back(at == std::string::npos ? line : line.substr(at + 3));
-        }
-        return messages;
-    }
+    // Whether the console's syslog has the line "... TARN[pid]: <message>".
     bool Logged(const std::string& message) const {
-        const std::vector<std::string> messages = LogMessages();
-        return std::find(messages.begin(), messages.end(), message) != messages.end();
+        return Read("var/log/syslog.log").find("]: " + message + "\n") != std::string::npos;
     }
     Json State() const { return Json::parse(Read("etc/simhost/host.json")); }
     void EditState(const std::function<void(Json&)>& edit) const {
