@@ -14,6 +14,7 @@ namespace {
 const char* kUsage =
     "usage: tarn_bench [--rounds N] [--key-cycles N] [--idle SECONDS] [--quiet-ms MS] [--size COLSxROWS]\n"
     "                  [--term TERM] [--scenario NAME] [--tarn-keys K1,K2,..] [--tarn-ready TEXT]\n"
+    "                  [--tarn-setup K1,K2,..]  (keys sent once before measuring, e.g. to log in)\n"
     "                  [--reference-keys K1,..] [--reference-ready TEXT]\n"
     "Keys are harness names (F1..F12, Up, Down, Left, Right, Enter, Esc, Tab, Backspace, ...) or "
     "text:STRING.\n";
@@ -62,6 +63,8 @@ BenchOptions ParseOptions(int argc, char** argv) {
             o.scenario = value();
         else if (arg == "--tarn-keys")
             o.tarn.keys = SplitKeys(value());
+        else if (arg == "--tarn-setup")
+            o.tarn.setup = SplitKeys(value());
         else if (arg == "--tarn-ready")
             o.tarn.readyText = value();
         else if (arg == "--reference-keys")

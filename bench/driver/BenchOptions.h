@@ -7,11 +7,12 @@
 namespace bench {
 
 struct Program {
-    std::string name;              // column title
-    std::string path;              // absolute path of the program
-    std::string readyText;         // text whose appearance starts the "settled" watch; empty: any output
-    std::vector<std::string> keys; // harness key names, or "text:..." for literal text; measured in turn
-    bool needsHost = false;        // started against a fresh simulated host
+    std::string name;                 // column title
+    std::string path;                 // absolute path of the program
+    std::string readyText;            // text whose appearance starts the "settled" watch; empty: any output
+    std::vector<std::string> keys;    // harness key names, or "text:..." for literal text; measured in turn
+    bool needsHost = false;           // started against a fresh simulated host
+    std::vector<std::string> setup{}; // keys sent once after the first paint, not measured (e.g. a login)
 };
 
 struct BenchOptions {
