@@ -1,41 +1,16 @@
-// The System Customization menu as an operator meets it after logging in as root (empty password): entries
-// that cannot be chosen, the password state, the log list and the pager, an entry's error message, paging,
-// the bytes one cursor move costs, and Esc back to the welcome screen.
-#include "harness/Console.h"
+// The System Customization menu as an operator meets it after logging in as root (empty password): the
+// password state, entries that cannot be chosen, the log list and the pager, an entry's error message,
+// paging, the bytes one cursor move costs, and leaving it.
+#include "Flows.h"
 #include "harness/Screenshot.h"
 
-#include <gtest/gtest.h>
+#include <csignal>
 
 namespace e2e {
 namespace {
 
-constexpr const char* kMenuReady = "Configure Password";
 constexpr const char* kLogPane = "Press the corresponding key to view a log.";
-
-ConsoleOptions MenuOptions(const std::string& scenario = "default") {
-    return {.scenario = scenario, .rows = 30, .cols = 100};
-}
-
-// From the welcome screen through the login dialog (root, empty password) into the menu.
-void LogIn(Console& c) {
-    ASSERT_TRUE(c->WaitForText("<F2>"));
-    c->Key("F2");
-    ASSERT_TRUE(c->WaitForText("Login Name:")) << c->View().Text();
-    ASSERT_TRUE(c->WaitQuiet(50ms));
-    c->Key("Enter"); // the preset name "root", on to the password
-    c->Key("Enter"); // the empty password
-    ASSERT_TRUE(c->WaitForText(kMenuReady)) << c->View().Text();
-    ASSERT_TRUE(c->WaitQuiet(100ms));
-}
-
-// Moves the cursor down until the pane shows `paneText`.
-void MoveTo(Console& c, const std::string& paneText) {
-    for (int i = 0; i < 20 && !c->View().Contains(paneText); ++i) {
-        c->Key("Down");
-        c->WaitQuiet(60ms);
-    }
-    ASSERT_TRUE(c->View().Contains(paneText)) << c->View().Text();
-}
+constexpr const char* kReminder = "Change default password to prevent unauthorized access";
 
 // A list entry drawn as one that cannot be chosen: dark grey on amber.
 bool Greyed(Console& c, const std::string& label) {
@@ -46,58 +21,115 @@ bool Greyed(Console& c, const std::string& label) {
     return cell.fg.Index() == 6 && cell.bg.Index() == 3;
 }
 
-TEST(Menu, FreshHostShowsPasswordNotSetAndEscReturnsToWelcome) {
-    Console c(MenuOptions());
-    LogIn(c);
+TEST(Menu, FreshHostSessionsChangeTheEmptyPasswordAndLogOut) {
+    Console c(Roomy());
+    const SimHost& host = c.Host();
+    LogInAsRoot(c);
     EXPECT_TRUE(c->View().Contains("Not set"));
-    EXPECT_TRUE(c->View().Contains("Change default password to prevent unauthorized access"));
+    EXPECT_TRUE(c->View().Contains(kReminder));
     EXPECT_TRUE(c->View().Contains("<Enter> Change"));
     for (const char* label : {"Configure Lockdown Mode", "Configure Management Network", "View System Logs",
                               "Reset System Configuration"})
         EXPECT_FALSE(Greyed(c, label)) << label;
+    EXPECT_TRUE(c->Find("Troubleshooting Options"));
+    EXPECT_FALSE(c->Find("Configure Keyboard")) << "the default host offers no keyboard choice";
     SaveScreenshot(c->View(), "menu");
 
     // The reminder stays whatever entry is selected.
     MoveTo(c, "When enabled, lockdown mode prevents users");
     EXPECT_TRUE(c->View().Contains("Disabled"));
-    EXPECT_TRUE(c->View().Contains("Change default password to prevent unauthorized access"));
+    EXPECT_TRUE(c->View().Contains(kReminder));
     MoveTo(c, "To view or modify");
     EXPECT_TRUE(c->View().Contains("host01")) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("192.0.2.10"));
 
+    // Back to the first entry: setting a password clears the empty-password state.
+    c->Key("Up");
+    c->Key("Up");
+    ASSERT_TRUE(c->WaitQuiet(60ms));
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Old Password:", 50ms)) << c->View().Text();
+    c->Key("Enter"); // the empty old password is right
+    for (int i = 0; i < 2; ++i) {
+        c->Type("Root#Pass1");
+        c->Key("Enter");
+    }
+    ASSERT_TRUE(c->WaitForTextGone("Old Password:")) << c->View().Text();
+    EXPECT_TRUE(c->WaitForTextGone("Not set")) << c->View().Text();
+    EXPECT_TRUE(c->WaitForTextGone(kReminder)) << c->View().Text();
+    EXPECT_TRUE(WaitForSyslog(c, "Login password for user root has changed"));
+
+    // Esc logs out back to the welcome screen.
+    ASSERT_TRUE(c->WaitQuiet(100ms));
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextGone(kMenuReady)) << c->View().Text();
-    EXPECT_TRUE(c->WaitForText("<F2>"));
-    EXPECT_TRUE(c->Running());
+    ASSERT_TRUE(WaitForSyslog(c, "User root logged out"));
+
+    // A second session; a restart asked during it only waits for the session's end.
+    OpenLogin(c);
+    c->Key("Enter");
+    c->Type("Root#Pass1");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled(kMenuReady, 100ms)) << c->View().Text();
+    c->Signal(SIGUSR2);
+    EXPECT_FALSE(c->WaitExit(150ms));
+    c->Key("Esc");
+    auto status = c->WaitExit();
+    ASSERT_TRUE(status) << c->View().Text();
+    EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
+    EXPECT_EQ(host.SyslogMatching("User root logged out").size(), 2u);
+    const auto audit = AuditRecords(host);
+    ASSERT_FALSE(audit.empty());
+    EXPECT_EQ(audit.back()["event"], "login.disconnect");
+    EXPECT_EQ(audit.back()["user"], "root");
+    EXPECT_EQ(audit.back()["pairs"], (nlohmann::json{{"reason", "Session closed"}}));
 }
 
 TEST(Menu, EntriesThatCannotBeChosenAreGreyedAndSkipped) {
     {
-        SimHost host("default");
-        nlohmann::json state = host.HostJson();
-        state["management"] = ""; // a host whose tesnics carry no management traffic
-        host.WriteFile("etc/simhost/host.json", state.dump(2));
-        Console c(host, MenuOptions());
-        LogIn(c);
-        for (const char* label :
-             {"Configure Management Network", "Restart Management Network", "Test Management Network"})
-            EXPECT_TRUE(Greyed(c, label)) << label << "\n" << c->View().Text();
+        // The management interface goes away while the menu shows: restarting it reports that, and the
+        // menu, asking the host again, greys the network entries and skips them.
+        Console c(Roomy());
+        LogInAsRoot(c);
+        MoveTo(c, "Restarting the management");
+        EditHost(c.Host(), [](nlohmann::json& s) { s["management"] = ""; });
+        c->Key("Enter");
+        ASSERT_TRUE(c->WaitForText("Management network interface cannot be found.")) << c->View().Text();
+        EXPECT_TRUE(c->View().Contains("Restart Management Network: Error"));
+        c->Key("Enter");
+        ASSERT_TRUE(c->WaitForTextGone("Management network interface cannot be found."));
+        ASSERT_TRUE(c->WaitFor([&] {
+            return Greyed(c, "Configure Management Network") && Greyed(c, "Test Management Network");
+        })) << c->View().Text();
         EXPECT_FALSE(Greyed(c, "Network Restore Options"));
+        c->Key("Esc"); // a new session starts at the top of the list
+        ASSERT_TRUE(c->WaitForTextGone(kMenuReady));
+        LogInAsRoot(c);
         c->Key("Down"); // lockdown
         c->Key("Down"); // past the three network entries
         EXPECT_TRUE(c->WaitForText("To view various network restore options")) << c->View().Text();
     }
     {
-        Console c(MenuOptions("pxe-boot"));
-        LogIn(c);
+        Console c(Roomy("pxe-boot"));
+        LogInAsRoot(c);
         EXPECT_TRUE(Greyed(c, "Reset System Configuration")) << c->View().Text();
         EXPECT_FALSE(Greyed(c, "Configure Management Network"));
     }
 }
 
 TEST(Menu, LogsAreNumberedByPresenceAndTheDigitOpensThatFileInThePager) {
-    Console c(MenuOptions());
-    LogIn(c);
+    Console c(Roomy());
+    LogInAsRoot(c);
+    // One cursor move writes the two list rows and the pane's changed text only.
+    MoveTo(c, "To view various troubleshooting");
+    ASSERT_TRUE(c->WaitQuiet(100ms));
+    const size_t before = c->Output().size();
+    c->Key("Up");
+    ASSERT_TRUE(c->WaitForText("To view various network restore options"));
+    ASSERT_TRUE(c->WaitQuiet(100ms));
+    // Measured 469: about 45 bytes for each list row (the focus bar spans the row), the rest is the pane.
+    EXPECT_LE(c->Output().size() - before, 550u);
+
     // Only the console's syslog and the management agent's log remain; the list is checked on each drawing.
     for (const char* log : {"tessel", "sysboot", "plexa", "haagd", "obed"})
         std::remove(c.Host().Path(std::string("var/log/") + log + ".log").c_str());
@@ -129,12 +161,12 @@ TEST(Menu, LogsAreNumberedByPresenceAndTheDigitOpensThatFileInThePager) {
 }
 
 TEST(Menu, SupportInformationPagesAndResetsWhenLeft) {
-    Console c({.scenario = "default", .rows = 16, .cols = 100});
+    Console c({.rows = 16, .cols = 100});
     std::string text = "# comment line\n";
     for (int i = 1; i <= 30; ++i)
         text += (i < 10 ? "support line 0" : "support line ") + std::to_string(i) + "\n";
     c.Host().WriteFile("etc/orvane/support", text);
-    LogIn(c);
+    LogInAsRoot(c);
     MoveTo(c, "support line 01");
     EXPECT_TRUE(c->View().Contains("<Page Down>"));
     EXPECT_FALSE(c->View().Contains("<Page Up>"));
@@ -152,39 +184,6 @@ TEST(Menu, SupportInformationPagesAndResetsWhenLeft) {
     c->Key("Up");
     ASSERT_TRUE(c->WaitForText("<Page Down>"));
     EXPECT_FALSE(c->View().Contains("<Page Up>"));
-}
-
-TEST(Menu, RestartReportsAManagementInterfaceThatIsGone) {
-    Console c(MenuOptions());
-    LogIn(c);
-    MoveTo(c, "Restarting the management");
-    nlohmann::json host = c.Host().HostJson();
-    host["management"] = "";
-    c.Host().WriteFile("etc/simhost/host.json", host.dump(2));
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForText("Management network interface cannot be found.")) << c->View().Text();
-    EXPECT_TRUE(c->View().Contains("Restart Management Network: Error"));
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextGone("Management network interface cannot be found."));
-    // The menu asked the host again: the network entries can no longer be chosen.
-    EXPECT_TRUE(c->WaitFor([&] { return Greyed(c, "Configure Management Network"); })) << c->View().Text();
-}
-
-TEST(Menu, OneCursorMoveWritesFewBytes) {
-    Console c(MenuOptions());
-    LogIn(c);
-    // Up from the troubleshooting entry: the two list rows and the pane's changed text only.
-    MoveTo(c, "To view various troubleshooting");
-    ASSERT_TRUE(c->WaitQuiet(100ms));
-    const size_t before = c->Output().size();
-    c->Key("Up");
-    ASSERT_TRUE(c->WaitForText("To view various network restore options"));
-    ASSERT_TRUE(c->WaitQuiet(100ms));
-    const size_t written = c->Output().size() - before;
-    std::printf("bytes for one move: %zu\n", written);
-    // Measured 469: about 45 bytes for each list row (the focus bar spans the row), the rest is the pane's
-    // new text.
-    EXPECT_LE(written, 550u);
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 // The password dialog, reached through an expired login: the old-password check, the refusals of a new
-// password, the same-password question, and a change that saves the host configuration.
-#include "harness/Console.h"
-
-#include <gtest/gtest.h>
+// password, the same-password question, a change that saves the host configuration and the new login it
+// requires, and Esc.
+#include "Flows.h"
 
 namespace e2e {
 namespace {
@@ -12,22 +11,19 @@ constexpr const char* kError = "Configure Password: Error";
 
 // The expired user's login leads into the password dialog with the focus on the old password.
 void OpenPasswordDialog(Console& c) {
-    ASSERT_TRUE(c->WaitForText("<F2>")) << c->View().Text();
-    c->Key("F2");
-    ASSERT_TRUE(c->WaitForText("Authentication Required")) << c->View().Text();
-    ASSERT_TRUE(c->WaitQuiet(50ms));
+    OpenLogin(c);
     c->Type("expired");
     c->Key("Enter");
     c->Type("Expired#1");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForText("Password has expired.")) << c->View().Text();
+    EXPECT_TRUE(c->WaitForText("You will be prompted to set a new password and then login again."));
     c->Key("Enter");
-    ASSERT_TRUE(c->WaitForText(kOldField)) << c->View().Text();
-    ASSERT_TRUE(c->WaitQuiet(50ms));
+    ASSERT_TRUE(c->WaitForTextSettled(kOldField, 50ms)) << c->View().Text();
     EXPECT_TRUE(c->Find("Setting the password will prevent unauthorized access"));
 }
 
-// Closes an error message whose text is `text` and returns to the password dialog.
+// Waits for an error message with `text`, closes it and checks that the dialog stayed open.
 void ExpectError(Console& c, const std::string& text) {
     ASSERT_TRUE(c->WaitForText(kError)) << c->View().Text();
     EXPECT_TRUE(c->WaitForText(text)) << c->View().Text();
@@ -37,105 +33,37 @@ void ExpectError(Console& c, const std::string& text) {
     ASSERT_TRUE(c->Find(kOldField)) << "the dialog stays open";
 }
 
+void TypeFields(Console& c, std::initializer_list<const char*> values) {
+    for (const char* value : values) {
+        c->Type(value);
+        c->Key("Enter");
+    }
+}
+
 int ConfigSaves(const SimHost& host) {
     return host.HostJson()["system"].value("configSaves", 0);
 }
 
-bool StillExpired(const SimHost& host) {
-    const nlohmann::json state = host.HostJson();
-    for (const auto& user : state["users"]) {
-        if (user["name"] == "expired")
-            return user["expired"].get<bool>();
-    }
-    return false;
-}
-
-TEST(Password, ChangeSavesTheConfigurationAndReportsIt) {
-    Console c({.rows = 30, .cols = 100});
-    OpenPasswordDialog(c);
-    c->Type("Expired#1");
-    c->Key("Tab"); // Tab on the old password checks it like Enter
-    c->Type("Fresh#2024");
-    c->Key("Tab");
-    c->Type("Fresh#2024");
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextGone(kOldField)) << c->View().Text();
-
+TEST(Password, RefusalsThenTheSamePasswordAfterAskingThenANewLoginWithIt) {
+    Console c(Roomy());
     const SimHost& host = c.Host();
-    bool saved = false;
-    for (const auto& call : host.ToolCalls())
-        saved = saved || (call.size() == 2 && call[0].ends_with("cfgsave.sh") && call[1] == "0");
-    EXPECT_TRUE(saved);
-    EXPECT_EQ(ConfigSaves(host), 1);
-    const auto changed = host.SyslogMatching("Login password for user expired has changed");
-    ASSERT_EQ(changed.size(), 1u);
-    EXPECT_NE(changed[0].find("user.info"), std::string::npos) << changed[0];
-    EXPECT_NE(host.ReadFile("var/log/obed.log")
-                  .find("@&!*@*@(obe.user.tarn.login.passwd.changed)Login password for user expired changed"),
-              std::string::npos);
-    EXPECT_FALSE(StillExpired(host));
-}
-
-TEST(Password, ChangeFromTheMenuClearsTheEmptyPasswordState) {
-    Console c({.rows = 30, .cols = 100});
-    ASSERT_TRUE(c->WaitForText("<F2>")) << c->View().Text();
-    c->Key("F2");
-    ASSERT_TRUE(c->WaitForText("Authentication Required"));
-    ASSERT_TRUE(c->WaitQuiet(50ms));
-    c->Key("Enter");
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForText("Not set")) << c->View().Text();
-    ASSERT_TRUE(c->WaitQuiet(50ms));
-    c->Key("Enter"); // the first entry: Configure Password
-    ASSERT_TRUE(c->WaitForText(kOldField)) << c->View().Text();
-    ASSERT_TRUE(c->WaitQuiet(50ms));
-    c->Key("Enter"); // the empty old password is right
-    c->Type("Root#Pass1");
-    c->Key("Enter");
-    c->Type("Root#Pass1");
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextGone(kOldField)) << c->View().Text();
-    EXPECT_TRUE(c->WaitForTextGone("Not set")) << c->View().Text();
-    EXPECT_EQ(c.Host().SyslogMatching("Login password for user root has changed").size(), 1u);
-}
-
-TEST(Password, WrongOldPasswordIsRefusedAndEmptied) {
-    Console c({.rows = 30, .cols = 100});
     OpenPasswordDialog(c);
     c->Type("Wrong#1");
     c->Key("Enter");
     ExpectError(c, "The old password you entered is incorrect");
     EXPECT_FALSE(c->Find("*******")) << "old password field emptied";
-    // The focus is back on the old password: the right one now moves on to the new password.
+    // The focus is back on the old password; Tab checks it like Enter.
     c->Type("Expired#1");
-    c->Key("Enter");
-    c->Type("Fresh#2024");
-    c->Key("Enter");
-    c->Type("Fresh#2024");
-    c->Key("Enter");
-    EXPECT_TRUE(c->WaitForTextGone(kOldField)) << c->View().Text();
-    EXPECT_FALSE(StillExpired(c.Host()));
-}
-
-TEST(Password, EmptyMismatchedAndTooSimplePasswordsAreRefused) {
-    Console c({.rows = 30, .cols = 100});
-    OpenPasswordDialog(c);
-    c->Type("Expired#1");
-    c->Key("Enter");
-    // Empty new password.
-    c->Key("Enter");
-    c->Key("Enter");
-    ExpectError(c, "Empty passwords are not allowed.");
-    // Mismatch: the focus is still on the confirmation; Tab goes back to the new password.
     c->Key("Tab");
-    c->Type("Fresh#2024");
-    c->Key("Enter");
-    c->Type("Fresh#2025");
-    c->Key("Enter");
+    TypeFields(c, {"", ""});
+    ExpectError(c, "Empty passwords are not allowed.");
+    // The focus is still on the confirmation; Tab goes back to the new password.
+    c->Key("Tab");
+    TypeFields(c, {"Fresh#2024", "Fresh#2025"});
     ExpectError(c, "The new password and the confirmed password do not match.");
-    // Too simple for the host's rule: PAM refuses it.
+    // Too simple for the host's rule: PAM refuses it. A fresh field clears on the first Backspace.
     c->Key("Up");
-    c->Key("Backspace"); // a fresh field clears on the first Backspace
+    c->Key("Backspace");
     c->Type("simple");
     c->Key("Enter");
     c->Key("Backspace");
@@ -146,50 +74,63 @@ TEST(Password, EmptyMismatchedAndTooSimplePasswordsAreRefused) {
     EXPECT_TRUE(c->WaitForText("complexity criteria")) << c->View().Text();
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextGone(kError));
-
-    const SimHost& host = c.Host();
-    EXPECT_TRUE(StillExpired(host));
+    ASSERT_TRUE(c->WaitQuiet(50ms));
+    EXPECT_TRUE(UserExpired(host, "expired"));
     EXPECT_EQ(ConfigSaves(host), 0);
     EXPECT_TRUE(host.SyslogMatching("has changed").empty());
-}
 
-TEST(Password, SamePasswordAsksFirst) {
-    Console c({.rows = 30, .cols = 100});
-    OpenPasswordDialog(c);
+    // The old password again: asked first; Esc goes back to the fields, Enter on the question changes it.
+    c->Key("Up");
+    c->Key("Backspace");
     c->Type("Expired#1");
     c->Key("Enter");
-    c->Type("Expired#1");
-    c->Key("Enter");
+    c->Key("Backspace");
     c->Type("Expired#1");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForText("New password is same as old password. Are you sure?")) << c->View().Text();
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextGone("Are you sure?"));
-    ASSERT_TRUE(c->WaitQuiet(50ms));
-    EXPECT_TRUE(c->Find(kOldField));
-    EXPECT_TRUE(StillExpired(c.Host()));
+    ASSERT_TRUE(c->WaitForTextSettled(kOldField));
+    EXPECT_TRUE(UserExpired(host, "expired"));
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Are you sure?"));
+    c->Key("Enter");
+    // The question covers the password fields: the end of the change shows in the log first.
+    ASSERT_TRUE(WaitForSyslog(c, "Login password for user expired has changed")) << c->View().Text();
 
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForText("Are you sure?"));
-    ASSERT_TRUE(c->WaitQuiet(50ms));
-    c->Key("Enter");
-    // The question covers the password fields, so the end of the change shows in the log, not on screen.
-    ASSERT_TRUE(c->WaitFor([&] {
-        c->Pump(20ms);
-        return !c.Host().SyslogMatching("Login password for user expired has changed").empty();
-    })) << c->View().Text();
-    EXPECT_FALSE(StillExpired(c.Host()));
-    EXPECT_EQ(ConfigSaves(c.Host()), 1);
+    bool saved = false;
+    for (const auto& call : host.ToolCalls())
+        saved = saved || (call.size() == 2 && call[0].ends_with("cfgsave.sh") && call[1] == "0");
+    EXPECT_TRUE(saved);
+    EXPECT_EQ(ConfigSaves(host), 1);
+    EXPECT_FALSE(UserExpired(host, "expired"));
+    EXPECT_EQ(host.SyslogMatching("Password has expired for user expired").size(), 1u);
+    const auto changed = host.SyslogMatching("Login password for user expired has changed");
+    ASSERT_EQ(changed.size(), 1u);
+    EXPECT_NE(changed[0].find("user.info"), std::string::npos) << changed[0];
+    EXPECT_EQ(Events(host).back(),
+              "@&!*@*@(obe.user.tarn.login.passwd.changed)Login password for user expired changed");
+    EXPECT_TRUE(host.SyslogMatching("User expired logged in").empty()) << "the change is not a login";
+
+    // Back in the login dialog with the name kept and the focus on the password: a new login is required.
+    ASSERT_TRUE(c->WaitForTextSettled(kLoginTitle, 50ms));
+    TypeFields(c, {"Expired#1"});
+    ASSERT_TRUE(c->WaitForTextGone(kLoginTitle)) << c->View().Text();
+    EXPECT_EQ(host.SyslogMatching("User expired logged in").size(), 1u);
+    const auto audit = AuditRecords(host);
+    ASSERT_EQ(audit.size(), 2u);
+    EXPECT_EQ(audit[0]["pairs"]["reason"], "Password expired");
+    EXPECT_EQ(audit[1]["success"], 1);
 }
 
 TEST(Password, EscLeavesEverythingAsItWas) {
-    Console c({.rows = 30, .cols = 100});
+    Console c(Roomy());
     OpenPasswordDialog(c);
     c->Type("Expired#1");
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextGone(kOldField));
-    EXPECT_TRUE(c->WaitForText("Authentication Required"));
-    EXPECT_TRUE(StillExpired(c.Host()));
+    EXPECT_TRUE(c->WaitForText(kLoginTitle));
+    EXPECT_TRUE(UserExpired(c.Host(), "expired"));
     EXPECT_TRUE(c.Host().ToolCalls().empty());
 }
 

@@ -1,9 +1,12 @@
-// Start-up of the console: colours per TERM, the TERM rules, the VT argument and the pid-file rule.
+// Start and end of the console outside a session: colours per TERM, the TERM rules, the VT argument, the
+// pid-file rule; terminating signals, the restart request and a resize end it with status 0 and leave the
+// terminal as it was found.
 #include "harness/Console.h"
 #include "harness/Screenshot.h"
 
-#include <algorithm>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <set>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,24 +20,22 @@ TEST(Startup, RedefinesTheFiveColoursWhereTheTerminalAllowsIt) {
     Console c({.term = "xterm-256color"});
     ASSERT_TRUE(c->WaitForText(kReady)) << c->View().Text();
     const Screen& s = c->View();
-    EXPECT_EQ(s.Palette(3), (Rgb{255, 204, 0}));
-    EXPECT_EQ(s.Palette(6), (Rgb{85, 85, 85}));
-    EXPECT_EQ(s.Palette(2), (Rgb{170, 170, 170}));
-    EXPECT_EQ(s.Palette(7), (Rgb{255, 255, 255}));
-    EXPECT_EQ(s.Palette(1), (Rgb{255, 0, 0}));
-    std::vector<int> changed;
-    for (const auto& [index, rgb] : s.PaletteChanges())
-        changed.push_back(index);
-    EXPECT_EQ(changed, (std::vector<int>{1, 2, 3, 6, 7})) << "colour 0 stays black";
+    // Colour 0 stays black.
+    EXPECT_EQ(s.PaletteChanges(), (std::map<int, Rgb>{{1, {255, 0, 0}},
+                                                     {2, {170, 170, 170}},
+                                                     {3, {255, 204, 0}},
+                                                     {6, {85, 85, 85}},
+                                                     {7, {255, 255, 255}}}));
     // Cells are painted with palette indices from the console's own set, never the terminal's defaults.
-    auto hint = c->Find(kReady);
-    ASSERT_TRUE(hint);
-    Cell cell = c->CellAt(hint->col + 1, hint->row);
-    const std::vector<int> own = {0, 1, 2, 3, 6, 7};
-    EXPECT_NE(std::find(own.begin(), own.end(), cell.fg.Index()), own.end()) << cell.fg.Index();
-    EXPECT_NE(std::find(own.begin(), own.end(), cell.bg.Index()), own.end()) << cell.bg.Index();
+    const Pos hint = c->Find(kReady).value_or(Pos{});
+    const Cell cell = c->CellAt(hint.col + 1, hint.row);
+    const std::set<int> own = {0, 1, 2, 3, 6, 7};
+    EXPECT_TRUE(own.contains(cell.fg.Index()) && own.contains(cell.bg.Index())) << cell.fg.Index() << cell.bg.Index();
     EXPECT_NE(cell.fg.Index(), cell.bg.Index());
     SaveScreenshot(s, "startup-xterm-256color");
+    auto lines = c.Host().SyslogMatching("Starting TARN");
+    ASSERT_EQ(lines.size(), 1u);
+    EXPECT_NE(lines[0].find("TARN[" + std::to_string(c->Pid()) + "]"), std::string::npos) << lines[0];
 }
 
 // The program's own setenv() does not show in /proc/PID/environ (that is the exec-time block), so the chosen
@@ -66,35 +67,47 @@ TEST(Startup, InvalidTerminalNumberIsLoggedAndIgnored) {
     }
 }
 
-TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContent) {
+TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
     // A pid that surely belongs to no process: a child that has been reaped.
     pid_t dead = fork();
     if (dead == 0)
         _exit(0);
     waitpid(dead, nullptr, 0);
-    for (const std::string& stale : std::vector<std::string>{"", "0", "-5", "junk", std::to_string(dead)}) {
-        SCOPED_TRACE("pid file held '" + stale + "'");
+    const std::string live = std::to_string(getpid()); // alive for as long as this test runs
+    for (const std::string& held : std::vector<std::string>{"", "0", "-5", "junk", std::to_string(dead), live}) {
+        SCOPED_TRACE("pid file held '" + held + "'");
         SimHost host;
-        if (!stale.empty())
-            host.WriteFile("var/run/tarn.pid", stale);
+        if (!held.empty())
+            host.WriteFile("var/run/tarn.pid", held);
         Console c(host, {});
         ASSERT_TRUE(c->WaitForText(kReady));
-        EXPECT_EQ(host.PidFile(), std::to_string(c->Pid()));
-        EXPECT_TRUE(host.SyslogMatching("Attempt to run multiple TARN instances").empty());
+        EXPECT_TRUE(c->Running()) << "a second instance still runs";
+        EXPECT_EQ(host.PidFile(), held == live ? live : std::to_string(c->Pid()));
+        EXPECT_EQ(host.SyslogMatching("Attempt to run multiple TARN instances, not updating " +
+                                      host.Path("var/run/tarn.pid")).size(), held == live ? 1u : 0u);
     }
 }
 
-TEST(PidFile, LiveForeignPidIsKeptAndReported) {
-    SimHost host;
-    const std::string other = std::to_string(getpid()); // alive for as long as this test runs
-    host.WriteFile("var/run/tarn.pid", other);
-    Console c(host, {});
-    ASSERT_TRUE(c->WaitForText(kReady));
-    EXPECT_TRUE(c->Running()) << "a second instance still runs";
-    EXPECT_EQ(host.PidFile(), other);
-    auto lines = host.SyslogMatching("Attempt to run multiple TARN instances, not updating " +
-                                     host.Path("var/run/tarn.pid"));
-    EXPECT_EQ(lines.size(), 1u) << host.ReadFile("var/log/syslog.log");
+TEST(Lifecycle, SignalsAndAResizeOutsideASessionEndWithStatusZeroAndRestoreTheTerminal) {
+    for (int sig : {SIGTERM, SIGINT, SIGQUIT, SIGUSR2, 0}) { // 0: a resize
+        SCOPED_TRACE(sig ? strsignal(sig) : "resize");
+        Console c;
+        ASSERT_TRUE(c->WaitForText(kReady));
+        ASSERT_TRUE(c->View().AltScreen()) << "xterm-256color switches to the alternate screen";
+        if (sig)
+            c->Signal(sig);
+        else
+            c->Resize(30, 100);
+        auto status = c->WaitExit();
+        ASSERT_TRUE(status) << "still running";
+        EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
+        // The terminal as the console found it: normal screen, cursor shown, line editing and echo back on.
+        EXPECT_FALSE(c->View().AltScreen());
+        EXPECT_TRUE(c->View().CursorVisible());
+        EXPECT_EQ(c->Modes().c_lflag & (ICANON | ECHO), tcflag_t(ICANON | ECHO));
+        EXPECT_FALSE(c->View().Contains(kReady));
+        EXPECT_EQ(c.Host().SyslogMatching("Resized window to 100x30").size(), sig ? 0u : 1u);
+    }
 }
 
 } // namespace

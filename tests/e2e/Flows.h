@@ -1,0 +1,86 @@
+// Steps the end-to-end scenarios share: a roomy console, the way into a session, moving in the menu, editing
+// the simulated host and reading what it recorded.
+#pragma once
+
+#include "harness/Console.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace e2e {
+
+constexpr const char* kLoginTitle = "Authentication Required";
+constexpr const char* kMenuReady = "Configure Password";
+
+inline ConsoleOptions Roomy(const std::string& scenario = "default") {
+    return {.scenario = scenario, .rows = 30, .cols = 100};
+}
+
+// From the welcome screen: `key` (F2 or F12) opens the login dialog, settled for typing.
+inline void OpenLogin(Console& c, const std::string& key = "F2") {
+    ASSERT_TRUE(c->WaitForTextSettled("<" + key + ">")) << c->View().Text();
+    c->Key(key);
+    ASSERT_TRUE(c->WaitForTextSettled(kLoginTitle, 50ms)) << c->View().Text();
+}
+
+// Root with the empty password (the preset name), then waits for `next` to settle.
+inline void LogInAsRoot(Console& c, const std::string& key = "F2", const std::string& next = kMenuReady) {
+    OpenLogin(c, key);
+    c->Key("Enter");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled(next, 100ms)) << c->View().Text();
+}
+
+// Moves the menu's cursor down until the pane shows `paneText`.
+inline void MoveTo(Console& c, const std::string& paneText) {
+    for (int i = 0; i < 20 && !c->View().Contains(paneText); ++i) {
+        c->Key("Down");
+        c->WaitQuiet(60ms);
+    }
+    ASSERT_TRUE(c->View().Contains(paneText)) << c->View().Text();
+}
+
+// Waits until the host's syslog has a line containing `text`.
+inline bool WaitForSyslog(Console& c, const std::string& text) {
+    return c->WaitFor([&] {
+        c->Pump(20ms);
+        return !c.Host().SyslogMatching(text).empty();
+    });
+}
+
+inline void EditHost(const SimHost& host, const std::function<void(nlohmann::json&)>& edit) {
+    nlohmann::json state = host.HostJson();
+    edit(state);
+    host.WriteFile("etc/simhost/host.json", state.dump(2));
+}
+
+inline std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        if (!line.empty())
+            lines.push_back(line);
+    return lines;
+}
+
+inline std::vector<nlohmann::json> AuditRecords(const SimHost& host) {
+    std::vector<nlohmann::json> records;
+    for (const auto& line : Lines(host.ReadFile("var/log/audit.log")))
+        records.push_back(nlohmann::json::parse(line));
+    return records;
+}
+
+inline std::vector<std::string> Events(const SimHost& host) {
+    return Lines(host.ReadFile("var/log/obed.log"));
+}
+
+inline bool UserExpired(const SimHost& host, const std::string& name) {
+    const nlohmann::json state = host.HostJson();
+    for (const auto& user : state["users"])
+        if (user["name"] == name)
+            return user["expired"].get<bool>();
+    return false;
+}
+
+} // namespace e2e
