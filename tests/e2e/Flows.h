@@ -55,24 +55,25 @@ inline void EditHost(const SimHost& host, const std::function<void(nlohmann::jso
     host.WriteFile("etc/simhost/host.json", state.dump(2));
 }
 
-inline std::vector<std::string> Lines(const std::string& text) {
+// The non-empty lines of one of the host's files.
+inline std::vector<std::string> Lines(const SimHost& host, const std::string& file) {
     std::vector<std::string> lines;
-    std::istringstream in(text);
+    std::istringstream in(host.ReadFile(file));
     for (std::string line; std::getline(in, line);)
         if (!line.empty())
             lines.push_back(line);
     return lines;
 }
 
-inline std::vector<nlohmann::json> AuditRecords(const SimHost& host) {
-    std::vector<nlohmann::json> records;
-    for (const auto& line : Lines(host.ReadFile("var/log/audit.log")))
-        records.push_back(nlohmann::json::parse(line));
-    return records;
+inline std::vector<std::string> Events(const SimHost& host) {
+    return Lines(host, "var/log/obed.log");
 }
 
-inline std::vector<std::string> Events(const SimHost& host) {
-    return Lines(host.ReadFile("var/log/obed.log"));
+inline std::vector<nlohmann::json> AuditRecords(const SimHost& host) {
+    std::vector<nlohmann::json> records;
+    for (const auto& line : Lines(host, "var/log/audit.log"))
+        records.push_back(nlohmann::json::parse(line));
+    return records;
 }
 
 inline bool UserExpired(const SimHost& host, const std::string& name) {
