@@ -172,7 +172,7 @@ int GetVib(const Call& call, const std::vector<std::string>& a, bool keyValue) {
     Json state = Load(call.dir);
     const Json& services = state.value("services", Json::object());
     if (!services.contains(name) || !services[name].value("installed", false)) {
-        std::cout << "[NoMatchError]\n No VIB matching VIB search specification '" << name << "'.\n";
+        std::cout << "[NoMatchError]\n No VIB matching VIB search pattern '" << name << "'.\n";
         return 1;
     }
     std::string version = services[name].value("version", "");

@@ -19,7 +19,7 @@ using HostCtl::Network::TesNic;
 // The standard switch that holds the management port group, and that port group's name. Only a port group
 // of a standard switch is handled here; anything else is refused as the console cannot change it.
 struct ManagementSwitch {
-    std::unique_ptr<HostCtl::Network::VirtualSwitch> vswitch;
+    std::unique_ptr<HostCtl::Network::VirtualSwitch> kswitch;
     std::string portGroup;
 };
 
@@ -28,10 +28,10 @@ ManagementSwitch FindManagementSwitch(TesNic& management) {
     const auto* pg = dynamic_cast<const HostCtl::Network::PortGroup*>(point.get());
     if (!pg || point->GetType() != ConnectionPoint::TYPE_PORT_GROUP)
         throw HostCtlException("Unsupported kSwitch type");
-    for (auto& vswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches()) {
-        auto groups = vswitch->GetPortGroups();
+    for (auto& kswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches()) {
+        auto groups = kswitch->GetPortGroups();
         if (std::find(groups.begin(), groups.end(), pg->GetPortGroupName()) != groups.end())
-            return {std::move(vswitch), pg->GetPortGroupName()};
+            return {std::move(kswitch), pg->GetPortGroupName()};
     }
     throw HostCtlException("No standard switch holds port group " + pg->GetPortGroupName());
 }
@@ -72,27 +72,27 @@ bool IsManagementOnDistributedSwitch() {
 
 bool GetManagementUplinks(TesNic& management, std::vector<std::string>& uplinks) {
     return Guard("Getting uplinks failed: %s",
-                 [&] { uplinks = FindManagementSwitch(management).vswitch->GetUplinks(); });
+                 [&] { uplinks = FindManagementSwitch(management).kswitch->GetUplinks(); });
 }
 
 bool GetMaxActiveUplinks(TesNic& management, int32_t& count) {
     return Guard("Getting max number of active uplinks failed: %s", [&] {
         auto ms = FindManagementSwitch(management);
-        count = ms.vswitch->GetTeamingPolicy(ms.portGroup).GetMaxActiveUplinks();
+        count = ms.kswitch->GetTeamingPolicy(ms.portGroup).GetMaxActiveUplinks();
     });
 }
 
 bool GetManagementVlanId(TesNic& management, uint16_t& vlanId) {
     return Guard("Getting VlanID failed: %s", [&] {
         auto ms = FindManagementSwitch(management);
-        vlanId = ms.vswitch->GetVlanId(ms.portGroup);
+        vlanId = ms.kswitch->GetVlanId(ms.portGroup);
     });
 }
 
 bool SetManagementVlanId(TesNic& management, uint16_t vlanId) {
     return Guard("Setting VlanID failed: %s", [&] {
         auto ms = FindManagementSwitch(management);
-        ms.vswitch->SetVlanId(ms.portGroup, vlanId);
+        ms.kswitch->SetVlanId(ms.portGroup, vlanId);
     });
 }
 
@@ -101,7 +101,7 @@ bool AddManagementUplink(TesNic& management, const std::string& pnic) {
     bool added = false;
     try {
         ms = FindManagementSwitch(management);
-        ms.vswitch->AddUplink(pnic);
+        ms.kswitch->AddUplink(pnic);
         added = true;
     } catch (const HostCtlException& e) {
         Log(LOG_ERR, "Adding uplink %s failed: %s", pnic.c_str(), e.what());
@@ -111,10 +111,10 @@ bool AddManagementUplink(TesNic& management, const std::string& pnic) {
     // The switch's uplinks with the new one last: the failover order follows the order of adding.
     return Guard("VS: add uplink to teaming policy failed: %s", [&] {
         HostCtl::Network::NicTeamingPolicy policy;
-        auto order = ms.vswitch->GetUplinks();
+        auto order = ms.kswitch->GetUplinks();
         policy.SetUplinkOrder(order);
         policy.SetMaxActiveUplinks(static_cast<int>(order.size()));
-        ms.vswitch->SetTeamingPolicy(ms.portGroup, policy);
+        ms.kswitch->SetTeamingPolicy(ms.portGroup, policy);
     });
 }
 
@@ -123,7 +123,7 @@ bool RemoveManagementUplink(TesNic& management, const std::string& pnic) {
     // The teaming policy must let go of the uplink before the switch can.
     bool released = Guard("VS: remove uplink from teaming policy failed: %s", [&] {
         ms = FindManagementSwitch(management);
-        auto policy = ms.vswitch->GetTeamingPolicy(ms.portGroup);
+        auto policy = ms.kswitch->GetTeamingPolicy(ms.portGroup);
         auto order = policy.GetUplinkOrder();
         auto it = std::find(order.begin(), order.end(), pnic);
         if (it == order.end())
@@ -132,12 +132,12 @@ bool RemoveManagementUplink(TesNic& management, const std::string& pnic) {
         int maxActive = std::max(0, policy.GetMaxActiveUplinks() - 1);
         policy.SetMaxActiveUplinks(std::min(maxActive, static_cast<int>(order.size())));
         policy.SetUplinkOrder(std::move(order));
-        ms.vswitch->SetTeamingPolicy(ms.portGroup, policy);
+        ms.kswitch->SetTeamingPolicy(ms.portGroup, policy);
     });
     if (!released)
         return false;
     try {
-        ms.vswitch->RemoveUplink(pnic);
+        ms.kswitch->RemoveUplink(pnic);
         return true;
     } catch (const HostCtlException& e) {
         Log(LOG_ERR, "Removing uplink %s failed: %s", pnic.c_str(), e.what());
@@ -151,10 +151,10 @@ std::string GetConnectionSwitchName(const ConnectionPoint& point) {
         switch (point.GetType()) {
         case ConnectionPoint::TYPE_PORT_GROUP: {
             const auto& pg = dynamic_cast<const HostCtl::Network::PortGroup&>(point);
-            for (auto& vswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches()) {
-                auto groups = vswitch->GetPortGroups();
+            for (auto& kswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches()) {
+                auto groups = kswitch->GetPortGroups();
                 if (std::find(groups.begin(), groups.end(), pg.GetPortGroupName()) != groups.end()) {
-                    name = vswitch->GetName();
+                    name = kswitch->GetName();
                     return;
                 }
             }

@@ -13,14 +13,14 @@ namespace {
 
 using HostCtl::Lib::HostCtlException;
 
-SwitchSummary Summarize(HostCtl::Network::VirtualSwitch& vswitch) {
+SwitchSummary Summarize(HostCtl::Network::VirtualSwitch& kswitch) {
     SwitchSummary s;
-    s.name = vswitch.GetName();
-    s.numPorts = vswitch.GetNumPorts();
-    s.configuredPorts = vswitch.GetConfiguredPorts();
-    s.usedPorts = vswitch.GetUsedPorts();
-    s.portGroups = vswitch.GetPortGroups();
-    s.uplinks = vswitch.GetUplinks();
+    s.name = kswitch.GetName();
+    s.numPorts = kswitch.GetNumPorts();
+    s.configuredPorts = kswitch.GetConfiguredPorts();
+    s.usedPorts = kswitch.GetUsedPorts();
+    s.portGroups = kswitch.GetPortGroups();
+    s.uplinks = kswitch.GetUplinks();
     return s;
 }
 
@@ -45,8 +45,8 @@ bool Contains(const std::vector<std::string>& list, const std::string& item) {
 bool ScanVirtualSwitches(std::vector<SwitchSummary>& switches) {
     try {
         std::vector<SwitchSummary> out;
-        for (auto& vswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches())
-            out.push_back(Summarize(*vswitch));
+        for (auto& kswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches())
+            out.push_back(Summarize(*kswitch));
         switches = std::move(out);
         return true;
     } catch (const HostCtlException& e) {
@@ -71,9 +71,9 @@ bool ScanDkSwitches(std::vector<SwitchSummary>& switches) {
 std::map<std::string, std::string> GatherStandardSwitchUplinks() {
     std::map<std::string, std::string> users;
     try {
-        for (auto& vswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches())
-            for (const auto& uplink : vswitch->GetUplinks())
-                users[uplink] = vswitch->GetName();
+        for (auto& kswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetVirtualSwitches())
+            for (const auto& uplink : kswitch->GetUplinks())
+                users[uplink] = kswitch->GetName();
     } catch (const HostCtlException& e) {
         Log(LOG_ERR, "Gathering standard virtual switch list failed: %s", e.what());
         users.clear();

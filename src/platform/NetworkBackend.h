@@ -107,12 +107,12 @@ public:
 
     // Standard switches and their port groups.
     virtual void AddStandardSwitch(const std::string& name, int ports) = 0;
-    virtual void AddPortGroup(const std::string& vswitch, const std::string& portGroup) = 0;
-    virtual void AddUplink(const std::string& vswitch, const std::string& pnic) = 0;
-    virtual void RemoveUplink(const std::string& vswitch, const std::string& pnic) = 0;
-    virtual void SetTeamingPolicy(const std::string& vswitch, const std::string& portGroup,
+    virtual void AddPortGroup(const std::string& kswitch, const std::string& portGroup) = 0;
+    virtual void AddUplink(const std::string& kswitch, const std::string& pnic) = 0;
+    virtual void RemoveUplink(const std::string& kswitch, const std::string& pnic) = 0;
+    virtual void SetTeamingPolicy(const std::string& kswitch, const std::string& portGroup,
                                   const HostCtl::Network::NicTeamingPolicy& policy) = 0;
-    virtual void SetVlanId(const std::string& vswitch, const std::string& portGroup, uint16_t vlan) = 0;
+    virtual void SetVlanId(const std::string& kswitch, const std::string& portGroup, uint16_t vlan) = 0;
 
     // Distributed switches.
     virtual void RemoveDistributedUplink(const std::string& dswitch, const std::string& pnic) = 0;

@@ -38,8 +38,8 @@ std::vector<std::string> NetworkInfoImpl::GetPnics() {
 
 std::vector<std::string> NetworkInfoImpl::GetAllPortGroups() {
     std::vector<std::string> names;
-    for (const auto& vswitch : ActiveNetworkBackend().Read().standardSwitches)
-        for (const auto& pg : vswitch.portGroups)
+    for (const auto& kswitch : ActiveNetworkBackend().Read().standardSwitches)
+        for (const auto& pg : kswitch.portGroups)
             names.push_back(pg.name);
     return names;
 }

@@ -87,15 +87,15 @@ void DkSwitchImpl::RemoveUplink(const std::string& pnic) {
 std::vector<std::unique_ptr<HostCtl::Network::VirtualSwitch>> VirtualSwitchInfoImpl::GetVirtualSwitches() {
     auto snapshot = ActiveNetworkBackend().Read();
     std::vector<std::unique_ptr<HostCtl::Network::VirtualSwitch>> out;
-    for (auto& vswitch : snapshot.standardSwitches) {
+    for (auto& kswitch : snapshot.standardSwitches) {
         int tesnicPorts = 0;
         for (const auto& tesnic : snapshot.tesnics) {
             if (tesnic.connection.type != HostCtl::Network::ConnectionPoint::TYPE_PORT_GROUP)
                 continue;
-            for (const auto& pg : vswitch.portGroups)
+            for (const auto& pg : kswitch.portGroups)
                 tesnicPorts += pg.name == tesnic.connection.portGroup ? 1 : 0;
         }
-        out.push_back(std::make_unique<VirtualSwitchImpl>(std::move(vswitch), tesnicPorts));
+        out.push_back(std::make_unique<VirtualSwitchImpl>(std::move(kswitch), tesnicPorts));
     }
     return out;
 }

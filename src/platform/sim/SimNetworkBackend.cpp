@@ -35,11 +35,11 @@ Json& Switch(Json& state, const std::string& name) {
     return Named(state, "/standardSwitches", name, "standard switch");
 }
 
-Json& PortGroup(Json& vswitch, const std::string& name) {
-    Json* pg = FindNamed(vswitch["portGroups"], name);
+Json& PortGroup(Json& kswitch, const std::string& name) {
+    Json* pg = FindNamed(kswitch["portGroups"], name);
     if (!pg)
         throw HostCtlException("port group " + name + " not found on " +
-                               vswitch.value("name", std::string()));
+                               kswitch.value("name", std::string()));
     return *pg;
 }
 
@@ -161,12 +161,12 @@ void SimNetworkBackend::AddStandardSwitch(const std::string& name, int ports) {
     });
 }
 
-void SimNetworkBackend::AddPortGroup(const std::string& vswitch, const std::string& portGroup) {
+void SimNetworkBackend::AddPortGroup(const std::string& kswitch, const std::string& portGroup) {
     Change([&](Json& state) {
         for (auto& s : state.at("standardSwitches"))
             if (FindNamed(s["portGroups"], portGroup))
                 throw HostCtlException("A port group named " + portGroup + " already exists");
-        Json& s = Switch(state, vswitch);
+        Json& s = Switch(state, kswitch);
         // A new port group teams over all uplinks of its switch.
         const Json& uplinks = s["uplinks"];
         s["portGroups"].push_back(
@@ -176,22 +176,22 @@ void SimNetworkBackend::AddPortGroup(const std::string& vswitch, const std::stri
     });
 }
 
-void SimNetworkBackend::AddUplink(const std::string& vswitch, const std::string& pnic) {
+void SimNetworkBackend::AddUplink(const std::string& kswitch, const std::string& pnic) {
     Change([&](Json& state) {
         if (!FindNamed(state.at("pnics"), pnic))
             throw HostCtlException("physical NIC " + pnic + " not found");
-        Json& s = Switch(state, vswitch);
+        Json& s = Switch(state, kswitch);
         if (std::string owner = UplinkOwner(state, pnic); !owner.empty())
             throw HostCtlException(pnic + " is already an uplink of " + owner);
         s["uplinks"].push_back(pnic);
     });
 }
 
-void SimNetworkBackend::RemoveUplink(const std::string& vswitch, const std::string& pnic) {
+void SimNetworkBackend::RemoveUplink(const std::string& kswitch, const std::string& pnic) {
     Change([&](Json& state) {
-        Json& s = Switch(state, vswitch);
+        Json& s = Switch(state, kswitch);
         if (!Contains(s["uplinks"], pnic))
-            throw HostCtlException(pnic + " is not an uplink of " + vswitch);
+            throw HostCtlException(pnic + " is not an uplink of " + kswitch);
         Erase(s["uplinks"], pnic);
         // No port group may keep teaming over an uplink its switch no longer has.
         for (auto& pg : s["portGroups"]) {
@@ -205,15 +205,15 @@ void SimNetworkBackend::RemoveUplink(const std::string& vswitch, const std::stri
     });
 }
 
-void SimNetworkBackend::SetTeamingPolicy(const std::string& vswitch, const std::string& portGroup,
+void SimNetworkBackend::SetTeamingPolicy(const std::string& kswitch, const std::string& portGroup,
                                          const HostCtl::Network::NicTeamingPolicy& policy) {
     Change([&](Json& state) {
-        Json& s = Switch(state, vswitch);
+        Json& s = Switch(state, kswitch);
         Json& pg = PortGroup(s, portGroup);
         const auto& order = policy.GetUplinkOrder();
         for (const auto& uplink : order)
             if (!Contains(s["uplinks"], uplink))
-                throw HostCtlException("uplink " + uplink + " is not on " + vswitch);
+                throw HostCtlException("uplink " + uplink + " is not on " + kswitch);
         if (policy.GetMaxActiveUplinks() < 0 || policy.GetMaxActiveUplinks() > static_cast<int>(order.size()))
             throw HostCtlException("Invalid number of active uplinks: " +
                                    std::to_string(policy.GetMaxActiveUplinks()));
@@ -221,11 +221,11 @@ void SimNetworkBackend::SetTeamingPolicy(const std::string& vswitch, const std::
     });
 }
 
-void SimNetworkBackend::SetVlanId(const std::string& vswitch, const std::string& portGroup, uint16_t vlan) {
+void SimNetworkBackend::SetVlanId(const std::string& kswitch, const std::string& portGroup, uint16_t vlan) {
     Change([&](Json& state) {
         if (vlan > 4095)
             throw HostCtlException("Invalid VLAN ID: " + std::to_string(vlan));
-        PortGroup(Switch(state, vswitch), portGroup)["vlan"] = vlan;
+        PortGroup(Switch(state, kswitch), portGroup)["vlan"] = vlan;
     });
 }
 

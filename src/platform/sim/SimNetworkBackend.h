@@ -17,12 +17,12 @@ public:
     void RenewDhcpLease(const std::string& tesnic) override;
     void RenewDhcpv6Lease(const std::string& tesnic) override;
     void AddStandardSwitch(const std::string& name, int ports) override;
-    void AddPortGroup(const std::string& vswitch, const std::string& portGroup) override;
-    void AddUplink(const std::string& vswitch, const std::string& pnic) override;
-    void RemoveUplink(const std::string& vswitch, const std::string& pnic) override;
-    void SetTeamingPolicy(const std::string& vswitch, const std::string& portGroup,
+    void AddPortGroup(const std::string& kswitch, const std::string& portGroup) override;
+    void AddUplink(const std::string& kswitch, const std::string& pnic) override;
+    void RemoveUplink(const std::string& kswitch, const std::string& pnic) override;
+    void SetTeamingPolicy(const std::string& kswitch, const std::string& portGroup,
                           const HostCtl::Network::NicTeamingPolicy& policy) override;
-    void SetVlanId(const std::string& vswitch, const std::string& portGroup, uint16_t vlan) override;
+    void SetVlanId(const std::string& kswitch, const std::string& portGroup, uint16_t vlan) override;
     void RemoveDistributedUplink(const std::string& dswitch, const std::string& pnic) override;
     void SetIpv6Enabled(bool enabled) override;
     void ClearNetworkConfig() override;

@@ -63,10 +63,10 @@ TEST_F(NetworkAccessTest, UplinkAddAndRemoveKeepTeamingOrder) {
     ASSERT_NE(management, nullptr);
     EXPECT_EQ(management->GetName(), "tes0");
     EXPECT_FALSE(IsManagementOnDistributedSwitch());
-    auto vswitch = [&] { return host_.State()["standardSwitches"][0]; };
+    auto kswitch = [&] { return host_.State()["standardSwitches"][0]; };
     auto expectUplinks = [&](const Json& order) {
-        EXPECT_EQ(vswitch()["uplinks"], order);
-        EXPECT_EQ(vswitch()["portGroups"][0]["teaming"]["uplinkOrder"], order);
+        EXPECT_EQ(kswitch()["uplinks"], order);
+        EXPECT_EQ(kswitch()["portGroups"][0]["teaming"]["uplinkOrder"], order);
         std::vector<std::string> uplinks;
         int32_t active = 0;
         ASSERT_TRUE(GetManagementUplinks(*management, uplinks));
