@@ -18,7 +18,8 @@ void UseSimulatedHost(const std::string& dir) {
 }
 
 void UseRealHost() {
-    gRoot = "/";
+    // assign(1, '/') rather than = "/": GCC 12 warns wrongly (-Wrestrict) on the latter.
+    gRoot.assign(1, '/');
     gSimulated = false;
 }
 
