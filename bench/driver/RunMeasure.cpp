@@ -24,14 +24,6 @@ double Ms(Clock::duration d) {
     return std::chrono::duration<double, std::milli>(d).count();
 }
 
-double Median(std::vector<double> v) {
-    if (v.empty())
-        return 0;
-    std::sort(v.begin(), v.end());
-    size_t n = v.size();
-    return n % 2 ? v[n / 2] : (v[n / 2 - 1] + v[n / 2]) / 2;
-}
-
 std::string KeyBytesFor(const std::string& term, const std::string& key) {
     if (key.rfind("text:", 0) == 0)
         return key.substr(5);
@@ -41,6 +33,14 @@ std::string KeyBytesFor(const std::string& term, const std::string& key) {
 }
 
 } // namespace
+
+double Median(std::vector<double> v) {
+    if (v.empty())
+        return 0;
+    std::sort(v.begin(), v.end());
+    size_t n = v.size();
+    return n % 2 ? v[n / 2] : (v[n / 2 - 1] + v[n / 2]) / 2;
+}
 
 RunSample MeasureRun(const Program& program, const BenchOptions& o) {
     RunSample s;

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace bench {
 
@@ -26,5 +27,8 @@ struct RunSample {
 };
 
 RunSample MeasureRun(const Program& program, const BenchOptions& options);
+
+// Median of `v` (0 when empty); the mean of the two middle values for an even count.
+double Median(std::vector<double> v);
 
 } // namespace bench

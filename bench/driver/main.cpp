@@ -12,15 +12,8 @@
 
 namespace {
 
+using bench::Median;
 using bench::RunSample;
-
-double Median(std::vector<double> v) {
-    if (v.empty())
-        return 0;
-    std::sort(v.begin(), v.end());
-    size_t n = v.size();
-    return n % 2 ? v[n / 2] : (v[n / 2 - 1] + v[n / 2]) / 2;
-}
 
 struct Metric {
     const char* name;
