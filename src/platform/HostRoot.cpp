@@ -7,8 +7,12 @@ std::string gRoot = "/";
 bool gSimulated = false;
 } // namespace
 
-const std::string& HostRoot() { return gRoot; }
-bool IsSimulatedHost() { return gSimulated; }
+const std::string& HostRoot() {
+    return gRoot;
+}
+bool IsSimulatedHost() {
+    return gSimulated;
+}
 
 void UseSimulatedHost(const std::string& dir) {
     gRoot = dir;

@@ -43,7 +43,9 @@ const Functions& Library() {
 
 } // namespace
 
-bool Available() { return Library().loaded; }
+bool Available() {
+    return Library().loaded;
+}
 
 int Start(const char* service, const char* user, const pam_conv* conversation, const char* confdir,
           pam_handle_t** handle) {

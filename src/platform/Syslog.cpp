@@ -15,16 +15,22 @@ std::string gIdent = "TARN";
 
 const char* FacilityName(int facility) {
     switch (facility) {
-    case LOG_AUTH: return "auth";
-    case LOG_AUTHPRIV: return "authpriv";
-    case LOG_DAEMON: return "daemon";
-    case LOG_LOCAL0: return "local0";
-    default: return "user";
+    case LOG_AUTH:
+        return "auth";
+    case LOG_AUTHPRIV:
+        return "authpriv";
+    case LOG_DAEMON:
+        return "daemon";
+    case LOG_LOCAL0:
+        return "local0";
+    default:
+        return "user";
     }
 }
 
 const char* LevelName(int level) {
-    static const char* const names[] = {"emerg", "alert", "crit", "err", "warning", "notice", "info", "debug"};
+    static const char* const names[] = {"emerg",   "alert",  "crit", "err",
+                                        "warning", "notice", "info", "debug"};
     return names[level & LOG_PRIMASK];
 }
 } // namespace

@@ -41,7 +41,8 @@ TEST(Dialog, ModalDialogDimsItsParentAndRestoresItOnReturn) {
     for (int round = 1; round <= 2; ++round) { // the second run shows that nothing was left behind
         SCOPED_TRACE(round);
         c->Key("F2");
-        ASSERT_TRUE(c->WaitFor([&] { return Dimmed(c->CellAt(hint.col + 1, hint.row)); })) << c->View().Text();
+        ASSERT_TRUE(c->WaitFor([&] { return Dimmed(c->CellAt(hint.col + 1, hint.row)); }))
+            << c->View().Text();
         c->WaitQuiet(50ms);
         EXPECT_TRUE(c->Find(kReady) == hint) << "dimmed, not erased";
         // The dialog itself is drawn active: its frame is not dark grey on black.

@@ -48,8 +48,9 @@ TEST(Lockdown, NoChangeAndEscRunNothingARefusalIsLoggedThenSpaceAndEnterEnable) 
         s["simulation"]["failing"] = {"kelp-cmd kelpsvc/auth/lockdown_mode_enter"};
     });
     RunDialog(c, {" ", "Enter"});
-    EXPECT_EQ(host.SyslogMatching("Enabling lockdown mode failed with error: kelp-cmd: simulated failure").size(),
-              1u)
+    EXPECT_EQ(
+        host.SyslogMatching("Enabling lockdown mode failed with error: kelp-cmd: simulated failure").size(),
+        1u)
         << host.ReadFile("var/log/syslog.log");
     EXPECT_FALSE(Enabled(host));
 

@@ -147,7 +147,8 @@ TEST(Menu, CursorMoveLogListPagerAndSupportPaging) {
     ASSERT_NE(stewd.find('\n'), 0u);
     c->Type("2");
     ASSERT_TRUE(c->WaitForText("<Q> Quit </> RegExp Search <H> Help")) << c->View().Text();
-    EXPECT_TRUE(c->View().Contains(stewd.substr(0, std::min<size_t>(60, stewd.find('\n'))))) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains(stewd.substr(0, std::min<size_t>(60, stewd.find('\n')))))
+        << c->View().Text();
     EXPECT_FALSE(c->View().Contains(kMenuReady));
     c->Type("q");
     ASSERT_TRUE(c->WaitForText(kLogPane)) << c->View().Text();

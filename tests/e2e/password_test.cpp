@@ -40,7 +40,6 @@ void ExpectError(Console& c, std::initializer_list<const char*> texts) {
     ASSERT_TRUE(c->Find(kOldField)) << "the dialog stays open";
 }
 
-
 int ConfigSaves(const SimHost& host) {
     return host.HostJson()["system"].value("configSaves", 0);
 }

@@ -29,7 +29,8 @@ Calls CallsSince(const SimHost& host, size_t before) {
 Calls StopCalls(bool terminate, const std::string& power) {
     Calls calls = {{"kelp-cmd", "-U", "root", "hostsvc/autostartmanager/autostop"},
                    {"kelp-cmd", "-U", "tarn", "hostsvc/autostartmanager/autostop"},
-                   terminate ? Calls::value_type{"haltGuests", "--terminate"} : Calls::value_type{"haltGuests"}};
+                   terminate ? Calls::value_type{"haltGuests", "--terminate"}
+                             : Calls::value_type{"haltGuests"}};
     if (!power.empty())
         calls.push_back({power});
     return calls;

@@ -22,15 +22,16 @@ TEST(Startup, RedefinesTheFiveColoursWhereTheTerminalAllowsIt) {
     const Screen& s = c->View();
     // Colour 0 stays black.
     EXPECT_EQ(s.PaletteChanges(), (std::map<int, Rgb>{{1, {255, 0, 0}},
-                                                     {2, {170, 170, 170}},
-                                                     {3, {255, 204, 0}},
-                                                     {6, {85, 85, 85}},
-                                                     {7, {255, 255, 255}}}));
+                                                      {2, {170, 170, 170}},
+                                                      {3, {255, 204, 0}},
+                                                      {6, {85, 85, 85}},
+                                                      {7, {255, 255, 255}}}));
     // Cells are painted with palette indices from the console's own set, never the terminal's defaults.
     const Pos hint = c->Find(kReady).value_or(Pos{});
     const Cell cell = c->CellAt(hint.col + 1, hint.row);
     const std::set<int> own = {0, 1, 2, 3, 6, 7};
-    EXPECT_TRUE(own.contains(cell.fg.Index()) && own.contains(cell.bg.Index())) << cell.fg.Index() << cell.bg.Index();
+    EXPECT_TRUE(own.contains(cell.fg.Index()) && own.contains(cell.bg.Index()))
+        << cell.fg.Index() << cell.bg.Index();
     EXPECT_NE(cell.fg.Index(), cell.bg.Index());
     SaveScreenshot(s, "startup-xterm-256color");
     auto lines = c.Host().SyslogMatching("Starting TARN");
@@ -74,7 +75,8 @@ TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
         _exit(0);
     waitpid(dead, nullptr, 0);
     const std::string live = std::to_string(getpid()); // alive for as long as this test runs
-    for (const std::string& held : std::vector<std::string>{"", "0", "-5", "junk", std::to_string(dead), live}) {
+    for (const std::string& held :
+         std::vector<std::string>{"", "0", "-5", "junk", std::to_string(dead), live}) {
         SCOPED_TRACE("pid file held '" + held + "'");
         SimHost host;
         if (!held.empty())
@@ -84,7 +86,9 @@ TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
         EXPECT_TRUE(c->Running()) << "a second instance still runs";
         EXPECT_EQ(host.PidFile(), held == live ? live : std::to_string(c->Pid()));
         EXPECT_EQ(host.SyslogMatching("Attempt to run multiple TARN instances, not updating " +
-                                      host.Path("var/run/tarn.pid")).size(), held == live ? 1u : 0u);
+                                      host.Path("var/run/tarn.pid"))
+                      .size(),
+                  held == live ? 1u : 0u);
     }
 }
 

@@ -79,7 +79,9 @@ TEST(Welcome, DhcpLabelsAndWarningPrecedence) {
     };
     for (const Case& k : std::vector<Case>{
              {"dhcp", false, {"https://192.0.2.77/ (DHCP)"}, "Warning:"},
-             {"dhcp-no-lease", false, {"https://0.0.0.0/ (Waiting for DHCP...)", "Warning: DHCP lookup failed."},
+             {"dhcp-no-lease",
+              false,
+              {"https://0.0.0.0/ (Waiting for DHCP...)", "Warning: DHCP lookup failed."},
               "audit mode"},
              {"dhcp-no-lease", true, {"Warning: Host is running in audit mode."}, "DHCP lookup failed"}}) {
         SCOPED_TRACE(std::string(k.scenario) + (k.auditMode ? " in audit mode" : ""));
@@ -103,12 +105,13 @@ TEST(Welcome, Ipv6AddressesSortedFourThenEllipsisOrExactlyFive) {
     // Without a host-name line the seven-row box has room for the "..." line.
     SimHost host("ipv6");
     EditHost(host, [](nlohmann::json& s) { s["dns"]["hostname"] = "localhost"; });
-    const std::vector<std::string> top = {"To manage this host, go to:", "https://192.0.2.10/ (STATIC)",
-                                          "https://[2001:db8:1::12]/ (STATIC)", "https://[2001:db8::10]/ (STATIC)",
-                                          "https://[2001:db8::11]/ (STATIC)"};
+    const std::vector<std::string> top = {
+        "To manage this host, go to:", "https://192.0.2.10/ (STATIC)", "https://[2001:db8:1::12]/ (STATIC)",
+        "https://[2001:db8::10]/ (STATIC)", "https://[2001:db8::11]/ (STATIC)"};
     const std::string linkLocal = "https://[fe80::250:56ff:feaa:0]/ (AUTOCONF)";
-    for (const auto& last : {std::vector<std::string>{linkLocal, "..."},
-                             std::vector<std::string>{"https://[2001:db8::250:56ff:feaa:0]/ (AUTOCONF)", linkLocal}}) {
+    for (const auto& last :
+         {std::vector<std::string>{linkLocal, "..."},
+          std::vector<std::string>{"https://[2001:db8::250:56ff:feaa:0]/ (AUTOCONF)", linkLocal}}) {
         if (last[1] != "...") // five addresses: the two last in the list dropped
             EditHost(host, [](nlohmann::json& s) {
                 auto& list = s["tesnics"][0]["running"]["ipv6"];
@@ -126,7 +129,8 @@ TEST(Welcome, Ipv6AddressesSortedFourThenEllipsisOrExactlyFive) {
 
 TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsRaisedOnce) {
     SimHost host("no-nics");
-    EditHost(host, [](nlohmann::json& s) { s["system"]["welcomeMessage"] = "Authorized use only.\nLab host."; });
+    EditHost(host,
+             [](nlohmann::json& s) { s["system"]["welcomeMessage"] = "Authorized use only.\nLab host."; });
     Console c(host, Roomy());
     ASSERT_TRUE(c->WaitForTextSettled("Lab host.")) << c->View().Text();
     EXPECT_EQ(*c->Find("Authorized use only."), (Pos{2, 2}));
@@ -147,7 +151,8 @@ TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsR
         c->WaitQuiet(80ms);
     }
     EXPECT_TRUE(c->View().Contains("No compatible network adapter found."));
-    EXPECT_EQ(host.HostJson()["system"]["alerts"], nlohmann::json::array({"No compatible network adapter found."}));
+    EXPECT_EQ(host.HostJson()["system"]["alerts"],
+              nlohmann::json::array({"No compatible network adapter found."}));
 }
 
 // Slow: the shortest idle time-out is one minute.

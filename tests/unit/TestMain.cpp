@@ -12,7 +12,8 @@ bool gRunFinished = false;
 
 void CheckFinished() {
     if (!gRunFinished) {
-        std::fputs("\nFATAL: the test program exited before all tests ran (exit() called under test)\n", stdout);
+        std::fputs("\nFATAL: the test program exited before all tests ran (exit() called under test)\n",
+                   stdout);
         std::fflush(stdout);
         _exit(3);
     }

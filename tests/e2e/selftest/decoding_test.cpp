@@ -15,7 +15,9 @@ namespace {
 TEST(PaletteFilter, StripsLinuxSequencesAtEverySplitAndPassesLookalikesThrough) {
     std::vector<std::vector<int>> sets;
     int resets = 0;
-    PaletteFilter f({[&](int i, uint8_t r, uint8_t g, uint8_t b) { sets.push_back({i, r, g, b}); },
+    PaletteFilter f({[&](int i, uint8_t r, uint8_t g, uint8_t b) {
+                         sets.push_back({i, r, g, b});
+                     },
                      [&] { ++resets; }});
     const std::string stream = "ab\x1b]P3ffcc00cd\x1b]Rx\x1b[0m\x1b]0;title\x07";
     for (size_t cut = 0; cut <= stream.size(); ++cut) {
