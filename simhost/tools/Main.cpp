@@ -18,6 +18,7 @@ namespace {
 const std::map<std::string, Handler> kHandlers = {
     {"kelp-cmd", KelpCmd},
     {"corlacli", CorlaCli},
+    {"nearcli", CorlaCli}, // the older name of the configuration tool, kept as a fallback
     {"corlacfg-advcfg", AdvCfg},
     {"haltGuests", HaltGuests},
     {"reboot", Reboot},

@@ -36,17 +36,23 @@ int CfgSave(const Call& call) {
     return 0;
 }
 
-// resetCfg.py --reset-only: back to the default configuration. Hardware, NICs, product identity, boot
-// options, power history and the simulation's own settings stay what they are.
+// resetCfg.py --reset-only: back to the default configuration. What belongs to the machine rather than to
+// its configuration stays: hardware, NICs, smart-card slots, the keyboard layouts offered, product
+// identity, boot options, power history and the simulation's own settings. Users and their passwords are
+// configuration and go back to the defaults too (root with an empty password), as on a freshly installed
+// host; so do services, firewall, advanced options, network and lockdown.
 int ResetCfg(const Call& call) {
     if (call.args.empty() || call.args[0] != "--reset-only")
         return Complain(call, "usage: resetCfg.py --reset-only");
     Json fresh = ScenarioState("default");
     Transact(call.dir, [&](Json& s) {
         Json next = fresh;
-        for (const char* keep : {"hardware", "pnics", "power", "simulation"})
+        for (const char* keep : {"hardware", "pnics", "smartCards", "power", "simulation"})
             if (s.contains(keep))
                 next[keep] = s[keep];
+        for (const char* keep : {"layouts", "offerChoice"})
+            if (s["keyboard"].contains(keep))
+                next["keyboard"][keep] = s["keyboard"][keep];
         for (const char* keep : {"productName", "productVersion", "kernelVersion", "build", "bootOptions"})
             if (s["system"].contains(keep))
                 next["system"][keep] = s["system"][keep];

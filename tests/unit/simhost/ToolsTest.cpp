@@ -1,6 +1,7 @@
 // The simulated host's tools against a temporary host: what they record, answer and change.
 #include "SimHostTesting.h"
 #include "simhost/model/Init.h"
+#include "simhost/model/Scenarios.h"
 #include "simhost/model/Store.h"
 
 #include <gtest/gtest.h>
@@ -181,6 +182,63 @@ TEST_F(SimHostTools, ScriptsAndInjectedFailures) {
     Change([](Json& s) { s["simulation"]["failing"] = Json::array(); });
     EXPECT_EQ(Tool("/bin/haltGuests --terminate").code, 0);
     EXPECT_EQ(State()["vms"][0]["lastStop"], "terminate");
+}
+
+TEST_F(SimHostTools, AdvancedOptionsThroughEitherConfigurationTool) {
+    const std::string set = " system settings advanced set -o /UserVars/CorlaShellTimeOut -i ";
+    EXPECT_EQ(Tool("/sbin/corlacli" + set + "900").code, 0);
+    EXPECT_EQ(Tool("/sbin/corlacfg-advcfg -q -g /UserVars/CorlaShellTimeOut").out, "900\n");
+    // The fallback tool keeps working when corlacli is made to fail.
+    Change([](Json& s) { s["simulation"]["failing"] = {"corlacli system settings advanced set"}; });
+    EXPECT_EQ(Tool("/sbin/corlacli" + set + "60").code, 1);
+    EXPECT_EQ(Tool("/sbin/nearcli" + set + "60").code, 0);
+    EXPECT_EQ(Tool("/sbin/corlacfg-advcfg -q -g /UserVars/CorlaShellTimeOut").out, "60\n");
+    EXPECT_EQ(Tool("/sbin/corlacfg-advcfg -q -g /UserVars/NoSuchOption").code, 1);
+}
+
+TEST_F(SimHostTools, LiveCoreOnlyOfARunningAgent) {
+    Result taken = Tool("/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d /var/log/");
+    EXPECT_EQ(taken.code, 0);
+    std::vector<fs::path> cores;
+    for (const auto& entry : fs::directory_iterator(dir_ + "/var/log"))
+        if (entry.path().extension() == ".core")
+            cores.push_back(entry.path().filename());
+    ASSERT_EQ(cores.size(), 1u);
+    EXPECT_EQ(cores[0].string().rfind("stewd-restart", 0), 0u) << cores[0];
+
+    EXPECT_EQ(Sh("/sbin/svcctl.sh", "stop"), 0);
+    EXPECT_EQ(Tool("/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d /var/log/").code, 1);
+    EXPECT_EQ(Sh("/sbin/svcctl.sh", "start"), 0);
+    EXPECT_EQ(State()["services"]["plexa"]["running"], true);
+    EXPECT_EQ(Tool("/sbin/tesbacktrace -w -n stewd -o x -d /../../tmp/").code, 1); // stays inside the host
+}
+
+TEST_F(SimHostTools, ResetRestoresConfigurationButNotTheMachine) {
+    Change([](Json& s) {
+        s["services"]["SSH"] = {{"running", true}, {"enabled", true}};
+        s["firewall"]["rulesets"][0]["enabled"] = false;
+        s["advancedOptions"]["/UserVars/TarnTimeOut"]["value"] = 60;
+        s["users"][0]["password"] = "Changed#1";
+        s["hardware"]["vendor"] = "Other Vendor";
+        s["smartCards"]["slots"][0]["token"] = {{"userId", "jdoe@EXAMPLE"}};
+        s["keyboard"]["offerChoice"] = true;
+        s["keyboard"]["current"] = "Belgian";
+    });
+    const Json before = State();
+    EXPECT_EQ(
+        RunProgram("/bin/sh", {"sh", "-c", dir_ + "/sbin/resetCfg.py --reset-only > /dev/null 2>&1"}).code,
+        0);
+    const Json after = State(), defaults = SimHost::ScenarioState("default");
+    for (const char* reset :
+         {"/services", "/firewall", "/advancedOptions", "/users", "/keyboard/current", "/dns"})
+        EXPECT_EQ(after[Json::json_pointer(reset)], defaults[Json::json_pointer(reset)]) << reset;
+    for (const char* kept : {"/hardware", "/smartCards", "/keyboard/offerChoice", "/pnics", "/simulation"})
+        EXPECT_EQ(after[Json::json_pointer(kept)], before[Json::json_pointer(kept)]) << kept;
+    EXPECT_EQ(after["system"]["resets"], 1);
+
+    Change([](Json& s) { s["simulation"]["failing"] = {"resetCfg.py"}; });
+    EXPECT_NE(Sh("/sbin/resetCfg.py", "--reset-only"), 0);
+    EXPECT_EQ(State()["system"]["resets"], 1);
 }
 
 } // namespace
