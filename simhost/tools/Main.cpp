@@ -2,6 +2,8 @@
 // host from its own location, records the call, and answers like the real tool on host.json.
 #include "Tool.h"
 
+#include "simhost/model/CallLog.h"
+
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -47,25 +49,6 @@ std::string FindHostDir() {
     return "";
 }
 
-std::string JsonLine(const std::vector<std::string>& words) {
-    Json line = Json::array();
-    for (const auto& w : words)
-        line.push_back(w);
-    return line.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
-}
-
-// One write with O_APPEND, so lines of concurrent calls never interleave.
-void AppendCallLog(const std::string& dir, const std::vector<std::string>& words) {
-    std::string path = dir + "/var/log/simhost-calls.log";
-    int fd = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644);
-    if (fd < 0)
-        return;
-    std::string text = JsonLine(words);
-    ssize_t n = write(fd, text.data(), text.size());
-    (void)n;
-    close(fd);
-}
-
 // Words of a call as failure entries match them: tool name, then arguments; kelp-cmd's "-U USER" is left
 // out so that an entry names the command whichever user runs it.
 std::vector<std::string> MatchWords(const Call& call) {
@@ -78,31 +61,6 @@ std::vector<std::string> MatchWords(const Call& call) {
         words.push_back(call.args[i]);
     }
     return words;
-}
-
-// State "simulation.failing": entries such as "haltGuests" or "kelp-cmd hostsvc/start_ssh"; a call fails
-// when an entry's blank-separated words begin its words.
-bool InjectedFailure(const Call& call) {
-    Json state = Load(call.dir);
-    std::vector<std::string> words = MatchWords(call);
-    for (const auto& entry : state.value("simulation", Json::object()).value("failing", Json::array())) {
-        if (!entry.is_string())
-            continue;
-        std::vector<std::string> want;
-        std::string text = entry.get<std::string>();
-        for (size_t pos = 0; pos < text.size();) {
-            size_t end = text.find(' ', pos);
-            if (end == std::string::npos)
-                end = text.size();
-            if (end > pos)
-                want.push_back(text.substr(pos, end - pos));
-            pos = end + 1;
-        }
-        if (!want.empty() && want.size() <= words.size() &&
-            std::equal(want.begin(), want.end(), words.begin()))
-            return true;
-    }
-    return false;
 }
 
 } // namespace
@@ -152,14 +110,14 @@ int main(int argc, char** argv) {
             return Complain(call, "usage: simhost-script SCRIPT [ARGS...]", 2);
         call.name = fs::path(words[0]).filename().string();
     }
-    AppendCallLog(call.dir, words);
+    SimHost::AppendCallLog(call.dir, words);
     call.args.assign(words.begin() + 1, words.end());
 
     auto handler = kHandlers.find(call.name);
     if (handler == kHandlers.end())
         return Complain(call, "unknown tool", 127);
     try {
-        if (InjectedFailure(call))
+        if (SimHost::IsFailing(SimHost::Load(call.dir), MatchWords(call)))
             return Complain(call, "simulated failure");
         return handler->second(call);
     } catch (const SimHost::StoreError& e) {

@@ -43,6 +43,9 @@ int PowerAction(const Call& call, const char* action, const char* newState) {
     Transact(call.dir, [&](Json& s) {
         s["power"]["state"] = newState;
         s["power"]["history"].push_back({{"action", action}, {"force", force}, {"time", Now()}});
+        // The kernel comes back with the IPv6 state chosen for the next boot.
+        if (std::string(action) == "reboot" && s.contains("ipv6"))
+            s["ipv6"]["enabled"] = s["ipv6"].value("pendingEnabled", s["ipv6"].value("enabled", true));
     });
     SignalConsole(call.dir);
     return 0;

@@ -41,12 +41,14 @@ std::vector<Ipv6Address> DnsConfigImpl::GetIpv6NameServers(bool refresh) {
 
 void DnsConfigImpl::SetHostname(const std::string& name, bool fromDhcp) {
     auto& r = Current();
+    Platform::ActiveDnsBackend().Prepare({"SetHostname", name});
     r.hostname = name;
     r.dhcp = fromDhcp;
 }
 
 void DnsConfigImpl::SetFqdn(const std::string& fqdn, bool fromDhcp, const std::string& domain) {
     auto& r = Current();
+    Platform::ActiveDnsBackend().Prepare({"SetFqdn", fqdn, domain});
     auto dot = fqdn.find('.');
     r.hostname = fqdn.substr(0, dot);
     if (!domain.empty())
@@ -58,16 +60,22 @@ void DnsConfigImpl::SetFqdn(const std::string& fqdn, bool fromDhcp, const std::s
 
 void DnsConfigImpl::RemoveNameServers() {
     auto& r = Current();
+    Platform::ActiveDnsBackend().Prepare({"RemoveNameServers"});
     r.servers.clear();
     r.ipv6Servers.clear();
 }
 
 void DnsConfigImpl::AddNameServer(const IpAddress& server) {
     auto& r = Current();
-    if (const auto* v4 = dynamic_cast<const Ipv4Address*>(&server)) {
+    const auto* v4 = dynamic_cast<const Ipv4Address*>(&server);
+    const auto* v6 = dynamic_cast<const Ipv6Address*>(&server);
+    if (v4 || v6)
+        Platform::ActiveDnsBackend().Prepare(
+            {"AddNameServer", v4 ? v4->GetStringAddress() : v6->GetScopedStringAddress()});
+    if (v4) {
         if (std::find(r.servers.begin(), r.servers.end(), *v4) == r.servers.end())
             r.servers.push_back(*v4);
-    } else if (const auto* v6 = dynamic_cast<const Ipv6Address*>(&server)) {
+    } else if (v6) {
         if (std::find(r.ipv6Servers.begin(), r.ipv6Servers.end(), *v6) == r.ipv6Servers.end())
             r.ipv6Servers.push_back(*v6);
     } else {
@@ -76,12 +84,14 @@ void DnsConfigImpl::AddNameServer(const IpAddress& server) {
 }
 
 void DnsConfigImpl::SetSearchDomainsString(const std::string& domains) {
-    Current().search.clear();
+    auto& search = Current().search;
+    Platform::ActiveDnsBackend().Prepare({"SetSearchDomainsString", domains});
+    search.clear();
     std::string piece;
     for (char c : domains + " ") {
         if (c == ' ' || c == '\t' || c == '\n' || c == ',') {
-            if (!piece.empty())
-                AddSearchDomain(piece);
+            if (!piece.empty() && std::find(search.begin(), search.end(), piece) == search.end())
+                search.push_back(piece);
             piece.clear();
         } else {
             piece += c;
@@ -91,6 +101,7 @@ void DnsConfigImpl::SetSearchDomainsString(const std::string& domains) {
 
 void DnsConfigImpl::AddSearchDomain(const std::string& domain) {
     auto& search = Current().search;
+    Platform::ActiveDnsBackend().Prepare({"AddSearchDomain", domain});
     if (!domain.empty() && std::find(search.begin(), search.end(), domain) == search.end())
         search.push_back(domain);
 }

@@ -130,6 +130,9 @@ public:
     virtual DnsRecord Read() = 0;
     // Replaces the whole resolver configuration in one step.
     virtual void Write(const DnsRecord& dns) = 0;
+    // Called before a change is held for the next Write (its name, then its arguments), so that a host can
+    // refuse it at once; the default takes every change.
+    virtual void Prepare(const std::vector<std::string>& /*operation*/) {}
 };
 
 class RoutingBackend {

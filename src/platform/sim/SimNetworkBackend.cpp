@@ -81,8 +81,35 @@ void AcquireLease(Json& state, Json& tesnic) {
     }
 }
 
-void ChangeTesNic(const std::string& name, const std::function<void(Json&, Json&)>& change) {
-    Change([&](Json& state) { change(state, TesNic(state, name)); });
+// One recorded operation on a kernel interface: its name, the interface, then `arguments`.
+void ChangeTesNic(const char* operation, const std::string& name, std::vector<std::string> arguments,
+                  const std::function<void(Json&, Json&)>& change) {
+    arguments.insert(arguments.begin(), {operation, name});
+    Operate(arguments, [&](Json& state) { change(state, TesNic(state, name)); });
+}
+
+std::string Text(bool value) {
+    return value ? "true" : "false";
+}
+
+std::string Joined(const std::vector<std::string>& words) {
+    std::string text;
+    for (const auto& w : words)
+        text += (text.empty() ? "" : ",") + w;
+    return text;
+}
+
+// The words by which an IP configuration shows in the call log: IPv4 mode and addresses, IPv6 mode.
+std::vector<std::string> Describe(const HostCtl::Network::IpConfig& c) {
+    std::string ipv4 = c.GetUseDhcp()       ? "dhcp"
+                       : c.GetIpv4UseNone() ? "none"
+                                            : c.GetIpv4Address().GetStringAddress() + "/" +
+                                                  c.GetIpv4Netmask().GetStringAddress();
+    std::string ipv6 = !c.GetIpv6Enabled()  ? "ipv6-off"
+                       : c.GetUseIpv6Dhcp() ? (c.GetUseIpv6RouterAdvertised() ? "dhcpv6+ra" : "dhcpv6")
+                       : c.GetUseIpv6RouterAdvertised() ? "ra"
+                                                        : "ipv6-static";
+    return {ipv4, ipv6, c.GetDhcpDns() ? "dns-dhcp" : "dns-manual"};
 }
 
 } // namespace
@@ -92,7 +119,7 @@ NetworkSnapshot SimNetworkBackend::Read() {
 }
 
 void SimNetworkBackend::SetTesNicIpConfig(const std::string& name, const HostCtl::Network::IpConfig& config) {
-    ChangeTesNic(name, [&](Json& state, Json& tesnic) {
+    ChangeTesNic("SetIpConfig", name, Describe(config), [&](Json& state, Json& tesnic) {
         // A host persists interface configuration: the stored one is what was set; the running one is the
         // same, except that DHCP replaces the IPv4 addresses with what the server hands out.
         tesnic["stored"] = IpConfigToJson(config);
@@ -105,11 +132,12 @@ void SimNetworkBackend::SetTesNicIpConfig(const std::string& name, const HostCtl
 }
 
 void SimNetworkBackend::SetTesNicMac(const std::string& name, const HostCtl::Network::MacAddress& mac) {
-    ChangeTesNic(name, [&](Json&, Json& tesnic) { tesnic["mac"] = mac.GetStringAddress(); });
+    ChangeTesNic("SetMacAddress", name, {mac.GetStringAddress()},
+                 [&](Json&, Json& tesnic) { tesnic["mac"] = mac.GetStringAddress(); });
 }
 
 void SimNetworkBackend::SetTesNicEnabled(const std::string& name, bool enabled) {
-    ChangeTesNic(name, [&](Json& state, Json& tesnic) {
+    ChangeTesNic(enabled ? "Enable" : "Disable", name, {}, [&](Json& state, Json& tesnic) {
         tesnic["enabled"] = enabled;
         // Bringing an interface up with DHCP asks for a lease again.
         if (enabled && tesnic["running"].value("dhcp", false))
@@ -118,11 +146,14 @@ void SimNetworkBackend::SetTesNicEnabled(const std::string& name, bool enabled) 
 }
 
 void SimNetworkBackend::SetTesNicDhcpBound(const std::string& name, bool bound) {
-    ChangeTesNic(name, [&](Json&, Json& tesnic) { tesnic["dhcpBound"] = bound; });
+    ChangeTesNic("SetDhcpBound", name, {Text(bound)},
+                 [&](Json&, Json& tesnic) { tesnic["dhcpBound"] = bound; });
 }
 
 void SimNetworkBackend::SetTesNicConnection(const std::string& name, const ConnectionRecord& connection) {
-    ChangeTesNic(name, [&](Json& state, Json& tesnic) {
+    std::string target =
+        connection.type == 1 ? connection.portGroup : connection.switchName + ":" + connection.port;
+    ChangeTesNic("SetConnectionPoint", name, {target}, [&](Json& state, Json& tesnic) {
         if (connection.type == 1) {
             bool found = false;
             for (auto& s : state.at("standardSwitches"))
@@ -135,7 +166,7 @@ void SimNetworkBackend::SetTesNicConnection(const std::string& name, const Conne
 }
 
 void SimNetworkBackend::RenewDhcpLease(const std::string& name) {
-    ChangeTesNic(name, [&](Json& state, Json& tesnic) {
+    ChangeTesNic("RenewDhcpLease", name, {}, [&](Json& state, Json& tesnic) {
         if (!tesnic["running"].value("dhcp", false))
             throw HostCtlException("DHCP is not in use on " + name);
         AcquireLease(state, tesnic);
@@ -144,14 +175,14 @@ void SimNetworkBackend::RenewDhcpLease(const std::string& name) {
 
 void SimNetworkBackend::RenewDhcpv6Lease(const std::string& name) {
     // The simulated network has no DHCPv6 server model: a renewal keeps the addresses the interface holds.
-    ChangeTesNic(name, [&](Json&, Json& tesnic) {
+    ChangeTesNic("RenewDhcpv6Lease", name, {}, [&](Json&, Json& tesnic) {
         if (!tesnic["running"].value("dhcpv6", false))
             throw HostCtlException("DHCPv6 is not in use on " + name);
     });
 }
 
 void SimNetworkBackend::AddStandardSwitch(const std::string& name, int ports) {
-    Change([&](Json& state) {
+    Operate({"AddVirtualSwitch", name, std::to_string(ports)}, [&](Json& state) {
         if (FindNamed(state.at("standardSwitches"), name) || FindNamed(state.at("distributedSwitches"), name))
             throw HostCtlException("A switch named " + name + " already exists");
         if (ports <= 0)
@@ -162,7 +193,7 @@ void SimNetworkBackend::AddStandardSwitch(const std::string& name, int ports) {
 }
 
 void SimNetworkBackend::AddPortGroup(const std::string& kswitch, const std::string& portGroup) {
-    Change([&](Json& state) {
+    Operate({"AddPortGroup", kswitch, portGroup}, [&](Json& state) {
         for (auto& s : state.at("standardSwitches"))
             if (FindNamed(s["portGroups"], portGroup))
                 throw HostCtlException("A port group named " + portGroup + " already exists");
@@ -177,7 +208,7 @@ void SimNetworkBackend::AddPortGroup(const std::string& kswitch, const std::stri
 }
 
 void SimNetworkBackend::AddUplink(const std::string& kswitch, const std::string& pnic) {
-    Change([&](Json& state) {
+    Operate({"AddUplink", kswitch, pnic}, [&](Json& state) {
         if (!FindNamed(state.at("pnics"), pnic))
             throw HostCtlException("physical NIC " + pnic + " not found");
         Json& s = Switch(state, kswitch);
@@ -188,7 +219,7 @@ void SimNetworkBackend::AddUplink(const std::string& kswitch, const std::string&
 }
 
 void SimNetworkBackend::RemoveUplink(const std::string& kswitch, const std::string& pnic) {
-    Change([&](Json& state) {
+    Operate({"RemoveUplink", kswitch, pnic}, [&](Json& state) {
         Json& s = Switch(state, kswitch);
         if (!Contains(s["uplinks"], pnic))
             throw HostCtlException(pnic + " is not an uplink of " + kswitch);
@@ -207,22 +238,25 @@ void SimNetworkBackend::RemoveUplink(const std::string& kswitch, const std::stri
 
 void SimNetworkBackend::SetTeamingPolicy(const std::string& kswitch, const std::string& portGroup,
                                          const HostCtl::Network::NicTeamingPolicy& policy) {
-    Change([&](Json& state) {
-        Json& s = Switch(state, kswitch);
-        Json& pg = PortGroup(s, portGroup);
-        const auto& order = policy.GetUplinkOrder();
-        for (const auto& uplink : order)
-            if (!Contains(s["uplinks"], uplink))
-                throw HostCtlException("uplink " + uplink + " is not on " + kswitch);
-        if (policy.GetMaxActiveUplinks() < 0 || policy.GetMaxActiveUplinks() > static_cast<int>(order.size()))
-            throw HostCtlException("Invalid number of active uplinks: " +
-                                   std::to_string(policy.GetMaxActiveUplinks()));
-        pg["teaming"] = TeamingToJson(policy);
-    });
+    Operate({"SetTeamingPolicy", kswitch, portGroup, Joined(policy.GetUplinkOrder()),
+             std::to_string(policy.GetMaxActiveUplinks())},
+            [&](Json& state) {
+                Json& s = Switch(state, kswitch);
+                Json& pg = PortGroup(s, portGroup);
+                const auto& order = policy.GetUplinkOrder();
+                for (const auto& uplink : order)
+                    if (!Contains(s["uplinks"], uplink))
+                        throw HostCtlException("uplink " + uplink + " is not on " + kswitch);
+                if (policy.GetMaxActiveUplinks() < 0 ||
+                    policy.GetMaxActiveUplinks() > static_cast<int>(order.size()))
+                    throw HostCtlException("Invalid number of active uplinks: " +
+                                           std::to_string(policy.GetMaxActiveUplinks()));
+                pg["teaming"] = TeamingToJson(policy);
+            });
 }
 
 void SimNetworkBackend::SetVlanId(const std::string& kswitch, const std::string& portGroup, uint16_t vlan) {
-    Change([&](Json& state) {
+    Operate({"SetVlanId", kswitch, portGroup, std::to_string(vlan)}, [&](Json& state) {
         if (vlan > 4095)
             throw HostCtlException("Invalid VLAN ID: " + std::to_string(vlan));
         PortGroup(Switch(state, kswitch), portGroup)["vlan"] = vlan;
@@ -230,7 +264,7 @@ void SimNetworkBackend::SetVlanId(const std::string& kswitch, const std::string&
 }
 
 void SimNetworkBackend::RemoveDistributedUplink(const std::string& dswitch, const std::string& pnic) {
-    Change([&](Json& state) {
+    Operate({"RemoveDkSwitchUplink", dswitch, pnic}, [&](Json& state) {
         Json& d = Named(state, "/distributedSwitches", dswitch, "distributed switch");
         if (!Contains(d["uplinks"], pnic))
             throw HostCtlException(pnic + " is not an uplink of " + dswitch);
@@ -239,11 +273,12 @@ void SimNetworkBackend::RemoveDistributedUplink(const std::string& dswitch, cons
 }
 
 void SimNetworkBackend::SetIpv6Enabled(bool enabled) {
-    Change([&](Json& state) { state["ipv6"]["pendingEnabled"] = enabled; });
+    Operate({"SetTesIpv6Enabled", Text(enabled)},
+            [&](Json& state) { state["ipv6"]["pendingEnabled"] = enabled; });
 }
 
 void SimNetworkBackend::ClearNetworkConfig() {
-    Change([](Json& state) {
+    Operate({"ClearNetworkConfig"}, [](Json& state) {
         state["standardSwitches"] = Json::array();
         state["distributedSwitches"] = Json::array();
         state["tesnics"] = Json::array();
@@ -253,7 +288,7 @@ void SimNetworkBackend::ClearNetworkConfig() {
 }
 
 void SimNetworkBackend::AutoConfigNetwork() {
-    Change([](Json& state) {
+    Operate({"AutoConfigNetwork"}, [](Json& state) {
         const Json& pnics = state.at("pnics");
         if (pnics.empty())
             throw HostCtlException("No physical NIC to configure the network on");
@@ -301,7 +336,7 @@ void SimNetworkBackend::AutoConfigNetwork() {
 }
 
 void SimNetworkBackend::DisableNetDumper() {
-    Change([](Json& state) { state["netDumper"]["enabled"] = false; });
+    Operate({"DisableNetDumper"}, [](Json& state) { state["netDumper"]["enabled"] = false; });
 }
 
 // ---- DNS
@@ -311,7 +346,7 @@ DnsRecord SimDnsBackend::Read() {
 }
 
 void SimDnsBackend::Write(const DnsRecord& dns) {
-    Change([&](Json& state) {
+    Operate({"SaveDnsConfig"}, [&](Json& state) {
         Json servers = Json::array();
         for (const auto& s : dns.servers)
             servers.push_back(s.GetStringAddress());
@@ -328,6 +363,10 @@ void SimDnsBackend::Write(const DnsRecord& dns) {
     });
 }
 
+void SimDnsBackend::Prepare(const std::vector<std::string>& operation) {
+    Announce(operation);
+}
+
 // ---- Routes
 
 RouteRecord SimRoutingBackend::Read() {
@@ -335,13 +374,13 @@ RouteRecord SimRoutingBackend::Read() {
 }
 
 void SimRoutingBackend::SetIpv4Gateway(const HostCtl::Network::Ipv4Address& gateway) {
-    Change([&](Json& state) {
+    Operate({"SetTesselDefaultGateway", gateway.GetStringAddress()}, [&](Json& state) {
         state["routes"]["ipv4Gateway"] = gateway.GetBinaryAddress() == 0 ? "" : gateway.GetStringAddress();
     });
 }
 
 void SimRoutingBackend::SetIpv6Gateway(const HostCtl::Network::Ipv6Address& gateway) {
-    Change([&](Json& state) {
+    Operate({"SetIpv6TesselDefaultGateway", gateway.GetScopedStringAddress()}, [&](Json& state) {
         state["routes"]["ipv6Gateway"] = gateway.IsUnspecified() ? "" : gateway.GetScopedStringAddress();
     });
 }

@@ -34,6 +34,7 @@ class SimDnsBackend : public DnsBackend {
 public:
     DnsRecord Read() override;
     void Write(const DnsRecord& dns) override;
+    void Prepare(const std::vector<std::string>& operation) override;
 };
 
 class SimRoutingBackend : public RoutingBackend {

@@ -3,6 +3,7 @@
 
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
+#include "simhost/model/CallLog.h"
 
 #include <sys/stat.h>
 
@@ -58,6 +59,33 @@ Json Change(const std::function<void(Json&)>& change) {
     } catch (const nlohmann::json::exception& e) {
         throw HostCtl::Lib::HostCtlException(std::string("simulated host: ") + e.what());
     }
+}
+
+namespace {
+
+std::vector<std::string> Recorded(const std::vector<std::string>& operation) {
+    std::vector<std::string> words{"hostctl"};
+    words.insert(words.end(), operation.begin(), operation.end());
+    return words;
+}
+
+} // namespace
+
+Json Operate(const std::vector<std::string>& operation, const std::function<void(Json&)>& change) {
+    const auto words = Recorded(operation);
+    SimHost::AppendCallLog(HostRoot(), words);
+    return Change([&](Json& state) {
+        if (SimHost::IsFailing(state, words))
+            throw HostCtl::Lib::HostCtlException("simulated failure");
+        change(state);
+    });
+}
+
+void Announce(const std::vector<std::string>& operation) {
+    const auto words = Recorded(operation);
+    SimHost::AppendCallLog(HostRoot(), words);
+    if (SimHost::IsFailing(*Load(), words))
+        throw HostCtl::Lib::HostCtlException("simulated failure");
 }
 
 const Json& At(const Json& state, const char* pointer) {

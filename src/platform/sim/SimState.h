@@ -6,6 +6,8 @@
 
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace Platform::Sim {
 
@@ -16,6 +18,13 @@ using Json = SimHost::Json;
 std::shared_ptr<const Json> Load();
 // Runs `change` in one transaction; returns the stored state.
 Json Change(const std::function<void(Json&)>& change);
+
+// A host-control operation: recorded in the call log as "hostctl" followed by `operation` (its name, then
+// its arguments), then run as one transaction unless "simulation.failing" lists it, in which case it throws
+// HostCtlException "simulated failure" and changes nothing.
+Json Operate(const std::vector<std::string>& operation, const std::function<void(Json&)>& change);
+// Only records and checks an operation whose effect the caller holds until later (resolver changes).
+void Announce(const std::vector<std::string>& operation);
 
 // Reads `pointer` (a JSON pointer such as "/dns/hostname") from a state, throwing HostCtlException
 // "simulated host: missing <pointer>" when it is absent.

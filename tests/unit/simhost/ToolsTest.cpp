@@ -127,7 +127,10 @@ int EndingSignal(pid_t pid, int waitMs) {
 
 TEST_F(SimHostTools, PowerCommandsMarkStateAndEndOnlyTheConsole) {
     pid_t foreign = StartSleeper(dir_, "not-tarn");
+    Change([](Json& s) { s["ipv6"] = {{"enabled", true}, {"pendingEnabled", false}}; });
     EXPECT_EQ(Tool("/sbin/reboot -f").code, 0);
+    // The host comes back with the IPv6 state chosen for the next boot.
+    EXPECT_EQ(State()["ipv6"], Json::parse(R"({"enabled": false, "pendingEnabled": false})"));
     EXPECT_EQ(EndingSignal(foreign, 300), 0) << "a foreign process was signalled";
     EXPECT_EQ(State()["power"]["state"], "rebooting");
     EXPECT_EQ(State()["power"]["history"].back()["action"], "reboot");
