@@ -1,6 +1,7 @@
 // The wait on terminal and wake-up pipe, key reading with dimming and idle time-out, signal handling on the
 // user-interface thread, and the modal run of frames.
 #include "core/EventLoop.h"
+#include "core/Keys.h"
 
 #include "core/IdleDeadline.h"
 #include "core/Log.h"
@@ -34,7 +35,7 @@ Frame* gCurrentWindow = nullptr;
 }
 
 int RunNotification(NotificationDialog* dialog) {
-    while (GetKey(dialog, true) != 10) {
+    while (GetKey(dialog, true) != Key::Enter) {
     }
     return 1;
 }

@@ -9,8 +9,11 @@ namespace Tarn {
 
 // Curses key codes for code that does not include curses (screens); checked against curses in Keys.cpp.
 namespace Key {
-inline constexpr int Enter = 10;
+inline constexpr int BackspaceByte = 8; // Ctrl-H, what some terminals send for Backspace
+inline constexpr int Tab = 9;
+inline constexpr int Enter = 10; // curses' newline mode turns a carriage return into this
 inline constexpr int Escape = 27;
+inline constexpr int Space = ' ';
 inline constexpr int Down = 0402;
 inline constexpr int Up = 0403;
 inline constexpr int Left = 0404;

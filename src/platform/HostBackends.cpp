@@ -1,34 +1,32 @@
-// Picks the backend of each area for the host selected at start-up.
+// The backends of the areas for the host selected at start-up (see Backends.h).
 #include "platform/HostBackends.h"
 
-#include "platform/HostRoot.h"
-#include "platform/LinuxHost.h"
-#include "platform/sim/SimHostAreas.h"
+#include "platform/Backends.h"
 
 namespace Platform {
 
 SystemBackend& ActiveSystemBackend() {
-    return IsSimulatedHost() ? Sim::SystemArea() : Linux::SystemArea();
+    return *ActiveBackends().system;
 }
 
 HardwareBackend& ActiveHardwareBackend() {
-    return IsSimulatedHost() ? Sim::HardwareArea() : Linux::HardwareArea();
+    return *ActiveBackends().hardware;
 }
 
 OptionBackend& ActiveOptionBackend() {
-    return IsSimulatedHost() ? Sim::OptionArea() : Linux::OptionArea();
+    return *ActiveBackends().options;
 }
 
 SmartCardBackend& ActiveSmartCardBackend() {
-    return IsSimulatedHost() ? Sim::SmartCardArea() : Linux::SmartCardArea();
+    return *ActiveBackends().smartCards;
 }
 
 ResourceBackend& ActiveResourceBackend() {
-    return IsSimulatedHost() ? Sim::ResourceArea() : Linux::ResourceArea();
+    return *ActiveBackends().resources;
 }
 
 FirewallBackend& ActiveFirewallBackend() {
-    return IsSimulatedHost() ? Sim::FirewallArea() : Linux::FirewallArea();
+    return *ActiveBackends().firewall;
 }
 
 } // namespace Platform

@@ -95,7 +95,7 @@ public:
     virtual void SetRulesetEnabled(const std::string& id, bool enabled) = 0;
 };
 
-// The implementation for the host selected at start-up (Platform::IsSimulatedHost()).
+// The implementation for the host selected at start-up (Platform::ActiveBackends()).
 SystemBackend& ActiveSystemBackend();
 HardwareBackend& ActiveHardwareBackend();
 OptionBackend& ActiveOptionBackend();

@@ -2,8 +2,8 @@
 // with a HostCtlException, which the console handles like any other host-control failure.
 #include "platform/NetworkBackend.h"
 
+#include "platform/Backends.h"
 #include "platform/HostCtlException.h"
-#include "platform/HostRoot.h"
 #include "platform/sim/SimNetworkBackend.h"
 
 namespace Platform {
@@ -54,28 +54,54 @@ public:
 
 } // namespace
 
-NetworkBackend& ActiveNetworkBackend() {
-    static Sim::SimNetworkBackend sim;
+namespace Linux {
+
+NetworkBackend& NetworkArea() {
     static UnavailableNetworkBackend real;
-    if (IsSimulatedHost())
-        return sim;
     return real;
+}
+
+DnsBackend& DnsArea() {
+    static UnavailableDnsBackend real;
+    return real;
+}
+
+RoutingBackend& RoutingArea() {
+    static UnavailableRoutingBackend real;
+    return real;
+}
+
+} // namespace Linux
+
+namespace Sim {
+
+NetworkBackend& NetworkArea() {
+    static SimNetworkBackend sim;
+    return sim;
+}
+
+DnsBackend& DnsArea() {
+    static SimDnsBackend sim;
+    return sim;
+}
+
+RoutingBackend& RoutingArea() {
+    static SimRoutingBackend sim;
+    return sim;
+}
+
+} // namespace Sim
+
+NetworkBackend& ActiveNetworkBackend() {
+    return *ActiveBackends().network;
 }
 
 DnsBackend& ActiveDnsBackend() {
-    static Sim::SimDnsBackend sim;
-    static UnavailableDnsBackend real;
-    if (IsSimulatedHost())
-        return sim;
-    return real;
+    return *ActiveBackends().dns;
 }
 
 RoutingBackend& ActiveRoutingBackend() {
-    static Sim::SimRoutingBackend sim;
-    static UnavailableRoutingBackend real;
-    if (IsSimulatedHost())
-        return sim;
-    return real;
+    return *ActiveBackends().routing;
 }
 
 } // namespace Platform

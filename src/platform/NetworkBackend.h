@@ -143,7 +143,7 @@ public:
     virtual void SetIpv6Gateway(const HostCtl::Network::Ipv6Address& gateway) = 0;
 };
 
-// The backends of the host selected at start-up (Platform::IsSimulatedHost()).
+// The backends of the host selected at start-up (Platform::ActiveBackends()).
 NetworkBackend& ActiveNetworkBackend();
 DnsBackend& ActiveDnsBackend();
 RoutingBackend& ActiveRoutingBackend();

@@ -16,6 +16,7 @@
 #include "ui/InputItem.h"
 #include "ui/ItemList.h"
 #include "ui/StandardDialogs.h"
+#include "ui/TextIds.h"
 
 #include <security/pam_appl.h>
 
@@ -26,7 +27,7 @@ constexpr int kWidth = 60;
 constexpr int kSplitRow = 6; // title, blank, two body rows
 constexpr int kHeight = kSplitRow + 3 + 4;
 constexpr int kFieldWidth = 30;
-constexpr unsigned kErrorTitleId = 160;
+constexpr unsigned kErrorTitleId = TextId::ConfigurePasswordError;
 
 // The cursor shows while the form is open, on every way out (an idle time-out included).
 struct CursorShown {
@@ -39,7 +40,8 @@ struct CursorShown {
 ChangePasswordDialog::ChangePasswordDialog(Frame* parent) : Dialog(parent, kWidth, kHeight, kSplitRow) {
     std::vector<Item*> items;
     for (int i = 0; i < 3; ++i) {
-        fields_[i] = std::make_unique<InputItem>(Text(157 + static_cast<unsigned>(i)), "", kFieldWidth);
+        fields_[i] = std::make_unique<InputItem>(Text(TextId::OldPasswordLabel + static_cast<unsigned>(i)),
+                                                 "", kFieldWidth);
         fields_[i]->SetPassword(true);
         items.push_back(fields_[i].get());
     }
@@ -47,8 +49,8 @@ ChangePasswordDialog::ChangePasswordDialog(Frame* parent) : Dialog(parent, kWidt
         list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
         list_->SetItems(items);
     }
-    SetTitle(Text(155));
-    SetBody(Text(156));
+    SetTitle(Text(TextId::ConfigurePasswordTitle));
+    SetBody(Text(TextId::PasswordDialogBody));
     SetFooter(kPasswordFooter);
 }
 
@@ -115,7 +117,7 @@ void ChangePasswordDialog::CheckOldPassword() {
         FocusItem(kNewPasswordField);
         return;
     }
-    ShowError(162);
+    ShowError(TextId::OldPasswordIncorrect);
     ClearPasswordField(*fields_[kOldPasswordField]);
     FocusItem(kOldPasswordField);
     if (list_ != nullptr)
@@ -139,7 +141,7 @@ bool ChangePasswordDialog::Submit() {
             return false;
     }
     if (!ChangePassword()) {
-        ShowError(166);
+        ShowError(TextId::PasswordChangeFailed);
         return false;
     }
     const char* const argv[] = {"cfgsave.sh", "0", nullptr};

@@ -28,6 +28,7 @@
 #include "ui/ScreenUpdate.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"
+#include "ui/TextIds.h"
 
 #include <sys/stat.h>
 
@@ -102,7 +103,7 @@ void GeneralWindow::ReadManagement() {
         facts_.hostname = TesCtl::Network::DnsConfigImpl().GetHostname();
     } catch (const HostCtl::Lib::HostCtlException& e) {
         Log(LOG_ERR, "Getting hostname failed: %s", e.what());
-        facts_.hostname = Text(34);
+        facts_.hostname = Text(TextId::Unknown);
     }
 }
 
@@ -117,7 +118,7 @@ void GeneralWindow::ReadHostFacts() {
         facts_.keyboardLayout = TesCtl::System::SystemInfoImpl().GetKeyboardLayout();
     } catch (const HostCtl::Lib::HostCtlException& e) {
         Log(LOG_ERR, "Getting keyboard layout failed: %s", e.what());
-        facts_.keyboardLayout = Text(34);
+        facts_.keyboardLayout = Text(TextId::Unknown);
     }
     facts_.emptyPassword = EmptyPassword();
 }
@@ -226,7 +227,8 @@ void GeneralWindow::RestartManagementNetwork() {
         Log(LOG_ERR, "Getting management interface failed: %s", e.what());
     }
     if (!management) {
-        MessageDialog message(this, 16, Text(19));
+        MessageDialog message(this, TextId::RestartManagementNetworkError,
+                              Text(TextId::ManagementInterfaceNotFound));
         RunWindow(&message);
     }
 }

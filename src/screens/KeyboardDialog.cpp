@@ -9,6 +9,7 @@
 #include "screens/KeyboardLayouts.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
+#include "ui/TextIds.h"
 
 namespace Tarn {
 namespace {
@@ -27,8 +28,8 @@ constexpr const char* kFooter =
 } // namespace
 
 KeyboardDialog::KeyboardDialog(Frame* parent) : Dialog(parent, kWidth, kHeight, kSplitRow) {
-    SetTitle(Text(15));
-    SetBody(Text(254));
+    SetTitle(Text(TextId::ConfigureKeyboard));
+    SetBody(Text(TextId::KeyboardDialogBody));
     SetFooter(kFooter);
 
     // Only data is read here: a failure leaves an empty list (or nothing marked) rather than no dialog.
@@ -60,7 +61,7 @@ KeyboardDialog::~KeyboardDialog() = default;
 int KeyboardDialog::Foreground() {
     for (;;) {
         switch (GetKey(this, true)) {
-        case ' ':
+        case Key::Space:
             MarkFocused();
             break;
         case Key::Up:

@@ -11,6 +11,7 @@
 #include "screens/LockdownChange.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
+#include "ui/TextIds.h"
 
 #include <string>
 
@@ -35,9 +36,9 @@ std::string Captured(const char* buffer, int32_t length) {
 
 LockdownDialog::LockdownDialog(Frame* parent, bool lockdownEnabled)
     : Dialog(parent, kWidth, kHeight, kSplitRow), enabled_(lockdownEnabled),
-      check_(std::make_unique<CheckItem>(Text(253), lockdownEnabled)) {
-    SetTitle(Text(251));
-    SetBody(Text(252));
+      check_(std::make_unique<CheckItem>(Text(TextId::EnableLockdownMode), lockdownEnabled)) {
+    SetTitle(Text(TextId::ConfigureLockdownModeTitle));
+    SetBody(Text(TextId::LockdownDialogBody));
     SetFooter(kFooter);
     if (content_ != nullptr) {
         list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
@@ -51,7 +52,7 @@ LockdownDialog::~LockdownDialog() = default;
 int LockdownDialog::Foreground() {
     for (;;) {
         switch (GetKey(this, true)) {
-        case ' ':
+        case Key::Space:
             check_->SetChecked(!check_->Checked());
             if (list_ != nullptr)
                 list_->Draw();

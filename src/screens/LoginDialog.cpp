@@ -3,6 +3,7 @@
 #include "screens/LoginDialog.h"
 
 #include "core/EventLoop.h"
+#include "core/Keys.h"
 #include "core/Log.h"
 #include "core/Report.h"
 #include "core/Session.h"
@@ -22,6 +23,7 @@
 #include "ui/Item.h"
 #include "ui/ItemList.h"
 #include "ui/StandardDialogs.h"
+#include "ui/TextIds.h"
 
 #include <string.h>
 #include <unistd.h>
@@ -100,7 +102,7 @@ LoginDialog::~LoginDialog() {
 
 void LoginDialog::Layout(bool pinMode) {
     const LoginTexts texts = LoginModeTexts(pinMode);
-    SetTitle(Text(142));
+    SetTitle(Text(TextId::AuthenticationRequired));
     SetBody(HostLabelFor(Text(texts.promptId)));
     SetFooter(texts.footer);
     if (password_ != nullptr)
@@ -197,7 +199,7 @@ bool LoginDialog::Submit() {
     WipePassword(password);
     if (result.changePassword)
         SetLoggedInUser(userName_);
-    MessageDialog message(this, 151, Text(result.messageId));
+    MessageDialog message(this, TextId::AuthenticationFailed, Text(result.messageId));
     RunWindow(&message);
     if (result.changePassword) {
         // The new password is not a login: the user signs in with it afterwards.
@@ -214,15 +216,15 @@ bool LoginDialog::Submit() {
 
 LoginDisabledDialog::LoginDisabledDialog(Frame* parent)
     : Dialog(parent, kDisabledWidth, kDisabledHeight, kDisabledSplitRow) {
-    SetTitle(Text(145));
-    SetBody(HostLabelFor(Text(146)));
+    SetTitle(Text(TextId::AuthenticationDenied));
+    SetBody(HostLabelFor(Text(TextId::ConsoleAccessDisabled)));
     SetFooter(kEnterOkFooter);
 }
 
 int LoginDisabledDialog::Foreground() {
     for (;;) {
         const int key = GetKey(this, true);
-        if (key == 10 || key == 27)
+        if (key == Key::Enter || key == Key::Escape)
             return 0;
     }
 }

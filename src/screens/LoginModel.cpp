@@ -2,6 +2,7 @@
 #include "screens/LoginModel.h"
 
 #include "core/Keys.h"
+#include "ui/TextIds.h"
 
 #include <security/pam_appl.h>
 
@@ -17,8 +18,8 @@ std::string HostLabel(const std::string& prompt, const std::string& host, const 
 
 LoginTexts LoginModeTexts(bool pinMode) {
     if (pinMode)
-        return {144, 148, 150, kLoginPinFooter};
-    return {143, 147, 149, kLoginPasswordFooter};
+        return {TextId::SmartCardPinPrompt, TextId::LoginIdLabel, TextId::PinLabel, kLoginPinFooter};
+    return {TextId::LoginPrompt, TextId::LoginNameLabel, TextId::PasswordLabel, kLoginPasswordFooter};
 }
 
 LoginKeyAction DecideLoginKey(int key, int focus, int itemCount, bool keyboardItem) {
@@ -54,11 +55,11 @@ LoginResult LoginStatusResult(int pamStatus) {
     case PAM_SUCCESS:
         return {LoginOutcome::Success, 0, false};
     case PAM_PERM_DENIED:
-        return {LoginOutcome::NoPermission, 153, false};
+        return {LoginOutcome::NoPermission, TextId::NoLoginPermission, false};
     case PAM_NEW_AUTHTOK_REQD:
-        return {LoginOutcome::PasswordExpired, 154, true};
+        return {LoginOutcome::PasswordExpired, TextId::PasswordExpired, true};
     default:
-        return {LoginOutcome::InvalidLogin, 152, false};
+        return {LoginOutcome::InvalidLogin, TextId::InvalidLoginOrPassword, false};
     }
 }
 

@@ -2,6 +2,7 @@
 #include "screens/PasswordModel.h"
 
 #include "core/Keys.h"
+#include "ui/TextIds.h"
 
 #include <string.h>
 
@@ -45,9 +46,9 @@ NewPasswordCheck CheckNewPassword(const std::string& oldPassword, const std::str
 unsigned NewPasswordMessage(NewPasswordCheck check) {
     switch (check) {
     case NewPasswordCheck::Empty:
-        return 164;
+        return TextId::EmptyPasswordNotAllowed;
     case NewPasswordCheck::Mismatch:
-        return 163;
+        return TextId::PasswordsDoNotMatch;
     default:
         return 0;
     }

@@ -9,6 +9,7 @@
 #include "platform/HostRoot.h"
 #include "ui/DialogSize.h"
 #include "ui/StringFactory.h"
+#include "ui/TextIds.h"
 
 #include <string>
 
@@ -23,9 +24,10 @@ DialogSize SizeFor(const PowerAction& action) {
 
 } // namespace
 
-const PowerAction kShutdownAction = {"Shutting down host", kEventShutdownHost, 170, 171,
-                                     "/sbin/poweroff",     "poweroff"};
-const PowerAction kRebootAction = {"Rebooting host", kEventRebootHost, 174, 175, "/sbin/reboot", "reboot"};
+const PowerAction kShutdownAction = {"Shutting down host",       kEventShutdownHost, TextId::ShutDownHost,
+                                     TextId::ShutdownInProgress, "/sbin/poweroff",   "poweroff"};
+const PowerAction kRebootAction = {"Rebooting host",          kEventRebootHost, TextId::RestartHost,
+                                   TextId::RestartInProgress, "/sbin/reboot",   "reboot"};
 
 PowerConfirmDialog::PowerConfirmDialog(Frame* parent, const PowerAction& action, bool softStop)
     : Dialog(parent, SizeFor(action).width, SizeFor(action).height, SizeFor(action).splitRow),

@@ -7,12 +7,13 @@
 #include "screens/PasswordModel.h"
 #include "ui/DialogSize.h"
 #include "ui/StringFactory.h"
+#include "ui/TextIds.h"
 
 namespace Tarn {
 namespace {
 
-constexpr unsigned kTitleId = 161; // "Configure Password: Warning"
-constexpr unsigned kQuestionId = 165;
+constexpr unsigned kTitleId = TextId::ConfigurePasswordWarning;
+constexpr unsigned kQuestionId = TextId::SamePasswordQuestion;
 
 DialogSize QuestionSize() {
     const StringFactory* strings = StringFactory::Get("en_US");

@@ -10,6 +10,7 @@
 #include "screens/PowerConfirmDialog.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
+#include "ui/TextIds.h"
 
 namespace Tarn {
 namespace {
@@ -26,9 +27,10 @@ constexpr const char* kFooter =
 } // namespace
 
 ShutdownDialog::ShutdownDialog(Frame* parent)
-    : Dialog(parent, kWidth, kHeight, kSplitRow), terminate_(std::make_unique<CheckItem>(Text(169), false)) {
-    SetTitle(Text(167));
-    SetBody(Text(168));
+    : Dialog(parent, kWidth, kHeight, kSplitRow),
+      terminate_(std::make_unique<CheckItem>(Text(TextId::ForceTerminateVms), false)) {
+    SetTitle(Text(TextId::ShutDownRestartTitle));
+    SetBody(Text(TextId::ShutdownDialogBody));
     SetFooter(kFooter);
     if (content_ != nullptr) {
         list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
@@ -41,7 +43,7 @@ ShutdownDialog::~ShutdownDialog() = default;
 int ShutdownDialog::Foreground() {
     for (;;) {
         const int key = GetKey(this, true);
-        if (key == ' ') {
+        if (key == Key::Space) {
             terminate_->SetChecked(!terminate_->Checked());
             if (list_ != nullptr)
                 list_->Draw();

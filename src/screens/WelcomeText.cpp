@@ -3,6 +3,7 @@
 
 #include "hostops/CommandText.h"
 #include "ui/StringFactory.h"
+#include "ui/TextIds.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,11 +15,11 @@ namespace {
 const char* OriginLabel(const StringFactory& strings, int type) {
     switch (type) {
     case 0:
-        return strings.GetString(261); // STATIC
+        return strings.GetString(TextId::Static);
     case 9:
-        return strings.GetString(260); // DHCP
+        return strings.GetString(TextId::Dhcp);
     case 7:
-        return strings.GetString(262); // AUTOCONF
+        return strings.GetString(TextId::Autoconf);
     default:
         return nullptr;
     }
@@ -27,8 +28,9 @@ const char* OriginLabel(const StringFactory& strings, int type) {
 } // namespace
 
 std::string WelcomeFooter(const StringFactory& strings) {
-    return std::string("<F2> {color:dark-grey}") + strings.GetString(0) +
-           "{/color}{align:right}<F12> {color:dark-grey}" + strings.GetString(1) + "{/color}{/align}";
+    return std::string("<F2> {color:dark-grey}") + strings.GetString(TextId::CustomizeSystem) +
+           "{/color}{align:right}<F12> {color:dark-grey}" + strings.GetString(TextId::ShutDownRestart) +
+           "{/color}{/align}";
 }
 
 std::string Ipv6Lines(const StringFactory& strings, const std::vector<WelcomeIpv6Address>& addresses) {
@@ -57,7 +59,7 @@ std::string Ipv6Lines(const StringFactory& strings, const std::vector<WelcomeIpv
 }
 
 std::string ManagementText(const StringFactory& strings, const WelcomeNetworkFacts& facts) {
-    std::string text = strings.GetString(139);
+    std::string text = strings.GetString(TextId::ToManageThisHost);
     if (!facts.hostname.empty() && facts.hostname != "localhost")
         text += "\nhttps://" + facts.hostname + "/ ";
     if (!facts.ipv4Disabled)
@@ -65,11 +67,11 @@ std::string ManagementText(const StringFactory& strings, const WelcomeNetworkFac
     // The label follows whatever line came last, also the host-name line when IPv4 is off.
     if (facts.dhcp) {
         text += '(';
-        text += strings.GetString(facts.dhcpServerKnown ? 260 : 263);
+        text += strings.GetString(facts.dhcpServerKnown ? TextId::Dhcp : TextId::WaitingForDhcp);
         text += ')';
     } else if (!facts.ipv4Disabled) {
         text += '(';
-        text += strings.GetString(261);
+        text += strings.GetString(TextId::Static);
         text += ')';
     }
     if (facts.ipv6Enabled) {
@@ -81,9 +83,9 @@ std::string ManagementText(const StringFactory& strings, const WelcomeNetworkFac
 
 unsigned WarningTextId(bool dhcp, bool dhcpServerKnown, bool auditMode) {
     if (auditMode)
-        return 141;
+        return TextId::AuditModeWarning;
     if (dhcp && !dhcpServerKnown)
-        return 140;
+        return TextId::DhcpLookupFailedWarning;
     return 0;
 }
 

@@ -2,6 +2,7 @@
 // System Customization menu and shut-down, with the log-out records of each session.
 #include "screens/WelcomeWindow.h"
 
+#include "core/Colors.h"
 #include "core/EventLoop.h"
 #include "core/Keys.h"
 #include "core/Log.h"
@@ -15,6 +16,7 @@
 #include "screens/WelcomeLayout.h"
 #include "screens/WelcomeText.h"
 #include "ui/TextArea.h"
+#include "ui/TextIds.h"
 
 #include <cstdlib>
 
@@ -35,7 +37,8 @@ bool AlternatePalette() {
     return gAlternatePalette;
 }
 
-WelcomeWindow::WelcomeWindow() : Frame(nullptr, 0, 0, ScreenColumns(), ScreenLines(), 0, 7) {
+WelcomeWindow::WelcomeWindow()
+    : Frame(nullptr, 0, 0, ScreenColumns(), ScreenLines(), Color::ScreenBackground, Color::Text) {
     // Only built here: the modal run draws the frame once, and that draw is the first paint.
     Build();
 }
@@ -123,7 +126,7 @@ void WelcomeWindow::Fill() {
 }
 
 void WelcomeWindow::SetTopTexts(const WelcomeFacts& facts) {
-    header_->SetText(Text(2));
+    header_->SetText(Text(TextId::VersionLine));
     hardware_->SetText(HardwareLine(facts.vendor, facts.product));
     cpuMemory_->SetText(
         CpuAndMemoryText(facts.cpuPackages, facts.cpuModel, facts.totalPages, facts.pageSize));

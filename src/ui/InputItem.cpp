@@ -114,8 +114,8 @@ FieldLine BuildFieldLine(const std::string& label, int rowWidth, int fieldWidth,
     return line;
 }
 
-InputItem::InputItem(std::string label, const std::string& value, int fieldWidth)
-    : Item(true), label_(std::move(label)), fieldWidth_(fieldWidth) {
+InputItem::InputItem(std::string label, const std::string& value, int fieldWidth, FieldFilter filter)
+    : Item(true), label_(std::move(label)), fieldWidth_(fieldWidth), filter_(filter) {
     SetValue(value);
 }
 

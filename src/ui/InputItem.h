@@ -2,6 +2,7 @@
 // the line text are pure functions of the field state, so they can be checked without a terminal.
 #pragma once
 
+#include "ui/FieldFilter.h"
 #include "ui/Item.h"
 
 #include <string>
@@ -35,12 +36,16 @@ FieldLine BuildFieldLine(const std::string& label, int rowWidth, int fieldWidth,
 
 class InputItem : public Item {
 public:
-    InputItem(std::string label, const std::string& value, int fieldWidth);
+    InputItem(std::string label, const std::string& value, int fieldWidth,
+              FieldFilter filter = FieldFilter::Text);
 
     void FocusChanged() override { state_.fresh = true; }
     // Builds the field line into the row and moves the terminal cursor into the field.
     void Render(TextArea& row) override;
     bool HandleKey(int key) { return EditField(state_, key); }
+    // Editing keys, and the characters the field's filter lets in.
+    bool OnKey(int key) override { return FieldAccepts(filter_, key) && HandleKey(key); }
+    FieldFilter Filter() const { return filter_; }
 
     // Cursor at the end, offset 0, fresh again.
     void SetValue(const std::string& value);
@@ -55,6 +60,7 @@ private:
     FieldState state_;
     int fieldWidth_;
     bool password_ = false;
+    FieldFilter filter_;
 };
 
 } // namespace Tarn

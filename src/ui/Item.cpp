@@ -1,6 +1,7 @@
 // Focus bookkeeping of items and the composed texts of labels, check boxes and radio buttons.
 #include "ui/Item.h"
 
+#include "core/Keys.h"
 #include "ui/TextArea.h"
 
 namespace Tarn {
@@ -10,6 +11,10 @@ void Item::SetFocus(bool focused) {
         return;
     focused_ = focused;
     FocusChanged();
+}
+
+bool Item::OnKey(int) {
+    return false;
 }
 
 void LabelItem::Render(TextArea& row) {
@@ -26,12 +31,19 @@ void CheckItem::SetChecked(bool checked) {
     Compose();
 }
 
+bool CheckItem::OnKey(int key) {
+    if (key != Key::Space)
+        return false;
+    SetChecked(!checked_);
+    return true;
+}
+
 void CheckItem::Compose() {
     text_ = std::string(static_cast<size_t>(indent_), ' ') + (checked_ ? "[X] " : "[ ] ") + label_;
 }
 
-RadioItem::RadioItem(std::string label, bool chosen)
-    : LabelItem("", true), label_(std::move(label)), chosen_(chosen) {
+RadioItem::RadioItem(std::string label, bool chosen, int group)
+    : LabelItem("", true), label_(std::move(label)), chosen_(chosen), group_(group) {
     Compose();
 }
 

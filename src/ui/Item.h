@@ -2,6 +2,8 @@
 // check boxes and radio buttons. The screen owns its items; the list only points at them.
 #pragma once
 
+#include "core/Colors.h"
+
 #include <string>
 #include <utility>
 
@@ -17,6 +19,8 @@ public:
     // Puts the item's line into the row's text area (the list draws the area afterwards).
     virtual void Render(TextArea& row) = 0;
     virtual void SetFocus(bool focused);
+    // A key for the focused item; true when the item used it (the list then redraws).
+    virtual bool OnKey(int key);
 
     bool Selectable() const { return selectable_; }
     bool Focused() const { return focused_; }
@@ -34,8 +38,8 @@ protected:
     bool selectable_;
     bool focused_ = false;
     bool enabled_ = true;
-    int background_ = 3;
-    int foreground_ = 0;
+    int background_ = Color::ContentBackground;
+    int foreground_ = Color::ItemText;
 };
 
 class LabelItem : public Item {
@@ -58,6 +62,8 @@ public:
     bool Checked() const { return checked_; }
     void SetChecked(bool checked);
     const std::string& Label() const { return label_; }
+    // Space toggles the box.
+    bool OnKey(int key) override;
 
 private:
     void Compose();
@@ -67,20 +73,23 @@ private:
     int indent_;
 };
 
-// "(o) label" or "( ) label".
+// "(o) label" or "( ) label". Radio items of one group in a list are chosen one at a time: Space on one
+// (ItemList::OnKey) clears the others of its group.
 class RadioItem : public LabelItem {
 public:
-    RadioItem(std::string label, bool chosen);
+    RadioItem(std::string label, bool chosen, int group = 0);
 
     bool Chosen() const { return chosen_; }
     void SetChosen(bool chosen);
     const std::string& Label() const { return label_; }
+    int Group() const { return group_; }
 
 private:
     void Compose();
 
     std::string label_;
     bool chosen_;
+    int group_;
 };
 
 } // namespace Tarn

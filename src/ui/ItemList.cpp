@@ -2,6 +2,7 @@
 // (an input item places the terminal cursor while rendering), and the scroll bar.
 #include "ui/ItemList.h"
 
+#include "core/Colors.h"
 #include "core/EventLoop.h"
 #include "ui/Item.h"
 #include "ui/ScreenUpdate.h"
@@ -109,7 +110,7 @@ void ItemList::DrawRow(int row) {
     const bool focused = row == navigation_.FocusRow();
     item->SetFocus(focused);
     if (focused)
-        rowWindow->SetColors(0, 7);
+        rowWindow->SetColors(Color::FocusBackground, Color::FocusText);
     else
         rowWindow->SetColors(item->Background(), item->Foreground());
     if (rowWindow->Curses() != nullptr)

@@ -1,6 +1,6 @@
 // A window of one-line items with a focus bar (white on black) and a scroll bar in the last column. The
-// screen owns the items and handles keys; it calls Up/Down and reads the selection. Focus moves repaint only
-// the rows that change.
+// screen owns the items; OnKey handles the keys every list shares (movement, Space on check boxes and radio
+// groups, editing of the focused field). Focus moves repaint only the rows that change.
 #pragma once
 
 #include "ui/ListNavigation.h"
@@ -23,6 +23,14 @@ public:
     // Move the focus (no wrap-around) and repaint what changed; false when the focus stayed.
     bool Up();
     bool Down();
+    // Up/Down move the focus; Space toggles a check box or chooses a radio item (clearing the others of its
+    // group); other keys go to the focused item (an input field edits, through its filter). Redraws what
+    // changed; false when the key means nothing to the list, so that the dialog may use it.
+    bool OnKey(int key);
+    // Steps the focus to item `index` (it must be able to take the focus) and repaints what changed.
+    void FocusItem(int index);
+    // Index in Items() of the chosen radio item of `group`, -1 when none is chosen.
+    int ChosenIndex(int group = 0) const;
 
     void Draw(bool active) override;
     void Draw() { Draw(true); }

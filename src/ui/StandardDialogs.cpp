@@ -2,6 +2,7 @@
 #include "ui/StandardDialogs.h"
 
 #include "core/EventLoop.h"
+#include "core/Keys.h"
 #include "ui/StringFactory.h"
 #include "ui/TextArea.h"
 
@@ -12,7 +13,7 @@
 namespace Tarn {
 
 int WaitForEnter(Window* window) {
-    while (GetKey(window, true) != 10) {
+    while (GetKey(window, true) != Key::Enter) {
     }
     return 1;
 }

@@ -2,6 +2,7 @@
 // all with the dimmed attribute while the area is inactive; and the table of information key names.
 #include "ui/TextArea.h"
 
+#include "core/Colors.h"
 #include "core/EventLoop.h"
 #include "ui/Markup.h"
 #include "ui/ScreenUpdate.h"
@@ -47,7 +48,7 @@ void TextArea::Draw(bool active) {
     active_ = active;
     if (win_ == nullptr)
         return;
-    const attr_t dimmed = static_cast<attr_t>(ColorAttr(0, 6));
+    const attr_t dimmed = static_cast<attr_t>(ColorAttr(Color::ScreenBackground, Color::DimmedText));
     wbkgdset(win_, (active ? static_cast<chtype>(ColorAttr(background_, foreground_)) : dimmed) | ' ');
     werase(win_);
     const std::vector<Markup::Line> lines = Markup::Layout(text_, width_, height_);

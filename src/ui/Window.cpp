@@ -4,6 +4,7 @@
 // works on the object tree alone and skips the curses calls.
 #include "ui/Window.h"
 
+#include "core/Colors.h"
 #include "core/EventLoop.h"
 #include "ui/ScreenUpdate.h"
 #include "ui/StringFactory.h"
@@ -139,7 +140,7 @@ void Window::Draw(bool active) {
             ShowCursor(false);
         }
         active_ = false;
-        Paint(win_, 0, 6);
+        Paint(win_, Color::ScreenBackground, Color::DimmedText);
         for (Window* child : children_)
             child->Draw(false);
         ScreenUpdate::Stage(win_);
@@ -216,21 +217,23 @@ const char* Frame::Text(unsigned id) const {
 }
 
 Dialog::Dialog(Frame* parentFrame, int width, int height, int splitRow)
-    : Frame(parentFrame, (COLS - width) / 2, (LINES - height) / 2, width, height, 0, 7) {
+    : Frame(parentFrame, (COLS - width) / 2, (LINES - height) / 2, width, height, Color::ScreenBackground,
+            Color::Text) {
     if (win_ != nullptr)
         werase(win_);
-    top_ = new Window(this, 0, 0, width, splitRow, 6, 7);
-    bottom_ = new Window(this, 0, splitRow, width, height - splitRow, 3, 7);
+    top_ = new Window(this, 0, 0, width, splitRow, Color::PaneBackground, Color::Text);
+    bottom_ = new Window(this, 0, splitRow, width, height - splitRow, Color::ContentBackground, Color::Text);
     if (win_ != nullptr)
         box(win_, 0, 0);
     const int topWidth = top_->Width();
-    title_ = new TextArea(top_, 3, 1, topWidth - 6, 1, 7, -1);
-    body_ = new TextArea(top_, 3, 3, topWidth - 6, splitRow - 4, 2, -1);
+    title_ = new TextArea(top_, 3, 1, topWidth - 6, 1, Color::White, -1);
+    body_ = new TextArea(top_, 3, 3, topWidth - 6, splitRow - 4, Color::LightGrey, -1);
     const int bottomWidth = bottom_->Width();
     const int bottomHeight = bottom_->Height();
-    footer_ = new TextArea(bottom_, 2, bottomHeight - 2, bottomWidth - 4, 1, 0, -1);
+    footer_ = new TextArea(bottom_, 2, bottomHeight - 2, bottomWidth - 4, 1, Color::Black, -1);
     if (bottomHeight - 4 >= 1)
-        content_ = new Window(bottom_, 2, 1, bottomWidth - 4, bottomHeight - 4, 3, 6);
+        content_ = new Window(bottom_, 2, 1, bottomWidth - 4, bottomHeight - 4, Color::ContentBackground,
+                              Color::DarkGrey);
 }
 
 void Dialog::Draw(bool active) {
@@ -252,18 +255,20 @@ void Dialog::SetFooter(const std::string& markup) {
     footer_->SetText(markup);
 }
 
-RootWindow::RootWindow(Frame* parentFrame) : Frame(parentFrame, 0, 0, COLS, LINES, 0, 7) {
+RootWindow::RootWindow(Frame* parentFrame)
+    : Frame(parentFrame, 0, 0, COLS, LINES, Color::ScreenBackground, Color::Text) {
     if (win_ != nullptr)
         werase(win_);
     // Left: the list of tasks on amber inside a dark frame; right: title, description and key hints.
     const int leftWidth = std::max(width_ * 2 / 5, 0);
-    left_ = new Window(this, 0, 0, leftWidth, height_, 6, 7);
-    list_ = new Window(left_, 2, 1, leftWidth - 4, height_ - 2, 3, 0);
-    right_ = new Window(this, leftWidth, 0, width_ - leftWidth, height_, 0, 7);
+    left_ = new Window(this, 0, 0, leftWidth, height_, Color::PaneBackground, Color::Text);
+    list_ = new Window(left_, 2, 1, leftWidth - 4, height_ - 2, Color::ContentBackground, Color::ItemText);
+    right_ =
+        new Window(this, leftWidth, 0, width_ - leftWidth, height_, Color::ScreenBackground, Color::Text);
     const int rightWidth = right_->Width();
-    title_ = new TextArea(right_, 2, 1, rightWidth - 4, 1, 7, -1);
-    body_ = new TextArea(right_, 2, 3, rightWidth - 4, height_ - 6, 2, -1);
-    footer_ = new TextArea(right_, 2, height_ - 2, rightWidth - 4, 1, 2, -1);
+    title_ = new TextArea(right_, 2, 1, rightWidth - 4, 1, Color::White, -1);
+    body_ = new TextArea(right_, 2, 3, rightWidth - 4, height_ - 6, Color::LightGrey, -1);
+    footer_ = new TextArea(right_, 2, height_ - 2, rightWidth - 4, 1, Color::LightGrey, -1);
 }
 
 void RootWindow::SetTitle(const std::string& markup) {
