@@ -20,7 +20,7 @@ int gWakePipe[2] = {-1, -1};
 sigset_t BlockedSignals() {
     sigset_t set;
     sigemptyset(&set);
-    for (int s : {SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGWINCH})
+    for (int s : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2, SIGWINCH})
         sigaddset(&set, s);
     return set;
 }
@@ -53,6 +53,7 @@ unsigned char WakeByteForSignal(int signal) {
         return 2;
     case SIGWINCH:
         return 3;
+    case SIGHUP: // the terminal went away: end like on any other request to terminate
     case SIGINT:
     case SIGQUIT:
     case SIGTERM:

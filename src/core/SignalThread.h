@@ -11,7 +11,7 @@ enum WaitResult : int {
     kWaitNotify = -3,    // SIGUSR1
     kWaitRestart = -4,   // SIGUSR2
     kWaitResize = -5,    // SIGWINCH
-    kWaitTerminate = -6, // SIGINT, SIGQUIT, SIGTERM
+    kWaitTerminate = -6, // SIGHUP, SIGINT, SIGQUIT, SIGTERM
 };
 
 // The byte the signal thread writes for `signal`, or 0 when the signal is not one it passes on.

@@ -14,6 +14,7 @@
 #include "ui/Window.h"
 
 #include <clocale>
+#include <cstdio>
 #include <cstdlib>
 #include <curses.h>
 #include <fcntl.h>
@@ -133,7 +134,11 @@ int RunConsole(int argc, char** argv, const RootFrameFactory& makeRoot) {
 
     Terminal terminal;
     if (!terminal.Open()) {
-        Log(LOG_ERR, "Unable to set up terminal type %s", std::getenv("TERM"));
+        const char* term = std::getenv("TERM");
+        Log(LOG_ERR, "Unable to set up terminal type %s", term);
+        // Standard error is silenced by now; the terminal itself is where the person starting us looks.
+        dprintf(1, "tarn: cannot use terminal type \"%s\": no usable terminal description\n",
+                term ? term : "");
         return 1;
     }
     InitColors();

@@ -10,9 +10,14 @@
 namespace Tarn {
 
 int ParseVtArgument(const char* argument) {
-    if (argument == nullptr)
+    // Only a plain decimal number: no sign, no blanks, nothing after it.
+    if (argument == nullptr || *argument < '0' || *argument > '9')
         return -1;
-    long vt = std::strtol(argument, nullptr, 10);
+    char* end = nullptr;
+    errno = 0;
+    long vt = std::strtol(argument, &end, 10);
+    if (errno != 0 || *end != '\0')
+        return -1;
     return (vt >= 1 && vt <= 63) ? static_cast<int>(vt) : -1;
 }
 

@@ -7,7 +7,8 @@
 
 namespace Tarn {
 
-// The virtual-terminal number of the argument (decimal, 1..63), or -1 when it is out of range or no number.
+// The virtual-terminal number of the argument (plain decimal digits, 1..63), or -1 when it is out of range or
+// anything but a plain number.
 int ParseVtArgument(const char* argument);
 
 struct TerminalChoice {

@@ -74,7 +74,12 @@ std::string SelectHost(const HostEnvironment& env, const SimHostCreator& create)
                     return "TARN_HOST: cannot make " + absolute + " absolute: " + std::strerror(errno);
                 absolute = std::string(cwd) + "/" + absolute;
             }
-            UseSimulatedHost(NormalizeAbsolutePath(absolute));
+            absolute = NormalizeAbsolutePath(absolute);
+            // Without its state the console would show a host of zeros; say what is wrong instead.
+            if (access(StateFile(absolute).c_str(), R_OK) != 0)
+                return "TARN_HOST: no usable simulated host in " + absolute + " (" + StateFile(absolute) +
+                       ": " + std::strerror(errno) + "); create one with: simhost init " + absolute;
+            UseSimulatedHost(absolute);
             return {};
         }
         return "TARN_HOST: unknown value \"" + std::string(value) + "\" (use sim:DIR or linux)";

@@ -59,7 +59,7 @@ TEST(Startup, LinuxOrNoTermOnANonConsoleTerminalBecomesVt102) {
 }
 
 TEST(Startup, InvalidTerminalNumberIsLoggedAndIgnored) {
-    for (std::string arg : {"0", "64", "tty2"}) {
+    for (std::string arg : {"0", "64", "tty2", "5abc", "+7", " 7", "7\x1a"}) {
         SCOPED_TRACE(arg);
         Console c({.args = {arg}});
         ASSERT_TRUE(c->WaitForText(kReady));
@@ -93,7 +93,7 @@ TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
 }
 
 TEST(Lifecycle, SignalsAndAResizeOutsideASessionEndWithStatusZeroAndRestoreTheTerminal) {
-    for (int sig : {SIGTERM, SIGINT, SIGQUIT, SIGUSR2, 0}) { // 0: a resize
+    for (int sig : {SIGTERM, SIGINT, SIGQUIT, SIGHUP, SIGUSR2, 0}) { // 0: a resize
         SCOPED_TRACE(sig ? strsignal(sig) : "resize");
         Console c;
         ASSERT_TRUE(c->WaitForText(kReady));
@@ -111,6 +111,55 @@ TEST(Lifecycle, SignalsAndAResizeOutsideASessionEndWithStatusZeroAndRestoreTheTe
         EXPECT_EQ(c->Modes().c_lflag & (ICANON | ECHO), tcflag_t(ICANON | ECHO));
         EXPECT_FALSE(c->View().Contains(kReady));
         EXPECT_EQ(c.Host().SyslogMatching("Resized window to 100x30").size(), sig ? 0u : 1u);
+    }
+}
+
+// A crash cannot run the at-exit list; the terminal is still given back before the signal ends the process.
+TEST(Lifecycle, FatalSignalsEndByThatSignalAndRestoreTheTerminal) {
+    for (int sig : {SIGABRT, SIGSEGV}) {
+        SCOPED_TRACE(strsignal(sig));
+        Console c;
+        ASSERT_TRUE(c->WaitForText(kReady));
+        c->Signal(sig);
+        auto status = c->WaitExit();
+        ASSERT_TRUE(status) << "still running";
+        EXPECT_TRUE(status->signaled && status->signal == sig) << status->Describe();
+        EXPECT_FALSE(c->View().AltScreen());
+        EXPECT_TRUE(c->View().CursorVisible());
+        EXPECT_EQ(c->Modes().c_lflag & (ICANON | ECHO), tcflag_t(ICANON | ECHO));
+    }
+}
+
+// Questions and unusable settings are answered on the terminal; none of them starts the console.
+TEST(CommandLine, HelpVersionAndUnusableSettingsAnswerOnTheTerminal) {
+    const struct {
+        std::vector<std::string> args;
+        std::optional<std::string> term;
+        std::optional<std::string> tarnHost; // nullopt: the test's own host
+        bool success;
+        const char* says;
+    } cases[] = {
+        {{"--help"}, "xterm-256color", std::nullopt, true, "usage: tarn [VT]"},
+        {{"--version"}, "xterm-256color", std::nullopt, true, "tarn 0."},
+        {{}, "no-such-terminal", std::nullopt, false, "cannot use terminal type \"no-such-terminal\""},
+        {{}, "xterm-256color", "sim:/nonexistent", false, "no usable simulated host in /nonexistent"},
+    };
+    for (const auto& t : cases) {
+        SCOPED_TRACE(t.says);
+        ConsoleOptions options{.term = t.term, .args = t.args};
+        if (t.tarnHost)
+            options.env["TARN_HOST"] = *t.tarnHost;
+        Console c(options);
+        auto status = c->WaitExit();
+        ASSERT_TRUE(status) << "still running: " << c->View().Text();
+        c->Pump(50ms);
+        EXPECT_EQ(status->exited && status->code == 0, t.success) << status->Describe();
+        EXPECT_TRUE(status->exited) << status->Describe();
+        EXPECT_NE(c->Output().find(t.says), std::string::npos) << c->Output();
+        EXPECT_FALSE(c->View().Contains(kReady));
+        if (!t.args.empty()) {
+            EXPECT_TRUE(c.Host().SyslogMatching("Starting TARN").empty()) << "the console did not start";
+        }
     }
 }
 

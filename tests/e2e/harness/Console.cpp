@@ -13,7 +13,8 @@ LaunchOptions Console::Launch(const SimHost& host, const ConsoleOptions& o) {
     l.rows = o.rows;
     l.cols = o.cols;
     l.env = o.env;
-    l.env["TARN_HOST"] = host.TarnHostValue();
+    if (!l.env.contains("TARN_HOST")) // a test may name a host of its own, or none
+        l.env["TARN_HOST"] = host.TarnHostValue();
     return l;
 }
 

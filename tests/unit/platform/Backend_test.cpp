@@ -31,28 +31,44 @@ protected:
 };
 
 TEST_F(BackendTest, ExplicitValues) {
-    const std::string cwd = fs::current_path().string();
-    const std::tuple<const char*, bool, bool, std::string> cases[] = {
-        // value, ok, simulated, root{"sim:/srv/hosts/a/", true, true, "/srv/hosts/a"},
-        {"sim:./rel/../other", true, true, cwd + "/other"},
+    fs::create_directories(tmp_ + "/a/etc/simhost"); // a usable host
+    std::ofstream(tmp_ + "/a/etc/simhost/host.json") << "{}";
+    fs::create_directories(tmp_ + "/empty");
+    const std::string missing = tmp_ + "/empty";
+    const fs::path cwd = fs::current_path();
+    fs::current_path(tmp_);
+    const std::tuple<std::string, bool, bool, std::string> cases[] = {
+        // value, ok, simulated, root
+        {"sim:" + tmp_ + "/a/", true, true, tmp_ + "/a"},
+        {"sim:./x/../a", true, true, tmp_ + "/a"},
         {"linux", true, false, "/"},
         {"sim:", false, false, "/"},
+        {"sim:" + missing, false, false, "/"},
+        {"sim:/nonexistent", false, false, "/"},
         {"", false, false, "/"},
         {"Linux", false, false, "/"},
         {"linux ", false, false, "/"},
         {"simulated:/x", false, false, "/"}};
     for (const auto& [value, ok, simulated, root] : cases) {
-        SCOPED_TRACE(std::string("TARN_HOST=\"") + value + "\"");
+        SCOPED_TRACE("TARN_HOST=\"" + value + "\"");
         Platform::UseRealHost();
-        std::string error = Platform::SelectHost({value, tmp_.c_str(), tmp_.c_str()}, RecordingCreator());
+        std::string error =
+            Platform::SelectHost({value.c_str(), tmp_.c_str(), tmp_.c_str()}, RecordingCreator());
         EXPECT_EQ(error.empty(), ok) << error;
         EXPECT_EQ(Platform::IsSimulatedHost(), simulated);
         EXPECT_EQ(Platform::HostRoot(), root);
     }
+    fs::current_path(cwd);
     EXPECT_TRUE(created_.empty()) << "an explicit TARN_HOST never creates a host";
+    // A host that is not there is named, with the way to make one.
+    std::string error =
+        Platform::SelectHost({("sim:" + missing).c_str(), nullptr, nullptr}, RecordingCreator());
+    EXPECT_NE(error.find(missing + "/etc/simhost/host.json"), std::string::npos) << error;
+    EXPECT_NE(error.find("simhost init"), std::string::npos) << error;
 
     // "linux" after a simulated host switches back.
-    ASSERT_EQ(Platform::SelectHost({"sim:/a", nullptr, nullptr}, RecordingCreator()), "");
+    ASSERT_EQ(Platform::SelectHost({("sim:" + tmp_ + "/a").c_str(), nullptr, nullptr}, RecordingCreator()),
+              "");
     ASSERT_EQ(Platform::SelectHost({"linux", nullptr, nullptr}, RecordingCreator()), "");
     EXPECT_EQ(Platform::HostPath("/etc/hosts"), "/etc/hosts");
 }

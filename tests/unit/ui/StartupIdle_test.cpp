@@ -20,8 +20,9 @@ TEST(StartupRules, VtArgument) {
     const struct {
         const char* argument;
         int vt;
-    } cases[] = {{"1", 1},   {"63", 63}, {"07", 7},   {" 5", 5}, {"0", -1},
-                 {"64", -1}, {"-3", -1}, {"abc", -1}, {"", -1},  {"99999999999999999999", -1}};
+    } cases[] = {{"1", 1},   {"63", 63},  {"07", 7},  {"0", -1},    {"64", -1},
+                 {"-3", -1}, {"abc", -1}, {"", -1},   {"5abc", -1}, {"7\x1a", -1},
+                 {" 7", -1}, {"+7", -1},  {"7 ", -1}, {"0x7", -1},  {"99999999999999999999", -1}};
     for (const auto& c : cases)
         EXPECT_EQ(ParseVtArgument(c.argument), c.vt) << '"' << c.argument << '"';
     EXPECT_EQ(ParseVtArgument(nullptr), -1);
