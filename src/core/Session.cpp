@@ -3,8 +3,12 @@
 
 #include "core/EventLoop.h"
 #include "core/IdleDeadline.h"
+#include "core/Log.h"
+#include "core/Report.h"
 #include "platform/AdvancedOptions.h"
 #include "platform/HostCtlException.h"
+
+#include <cstdlib>
 
 namespace Tarn {
 namespace {
@@ -77,7 +81,22 @@ void SetLocalConsole(bool local) {
 bool SessionActive() {
     return gSessionActive;
 }
+namespace {
+// A session that ends with the program (a terminating signal, a resize, a pulled smart card) is reported
+// like a log-out: the record of who was at the console must not stop at the log-in.
+void ReportSessionEndAtExit() {
+    if (!gSessionActive)
+        return;
+    gSessionActive = false;
+    Log(LOG_INFO, "User %s logged out", gLoggedInUser.c_str());
+    ReportLogout(gLoggedInUser, "Session closed");
+}
+} // namespace
+
 void SetSessionActive(bool active) {
+    static bool exitReportRegistered = false;
+    if (active && !exitReportRegistered)
+        exitReportRegistered = std::atexit(ReportSessionEndAtExit) == 0;
     gSessionActive = active;
     // A time-out changed during the previous session applies from the next login.
     if (active)
