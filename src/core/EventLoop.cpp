@@ -54,7 +54,20 @@ static bool TerminalLost(short revents) {
     return true;
 }
 
+// A key curses has already read from the terminal and holds back (the rest of one read after a lone Esc)
+// never makes descriptor 0 readable again; ask curses before waiting on the descriptor.
+static int BufferedKey() {
+    wtimeout(stdscr, 0);
+    int key = wgetch(stdscr);
+    wtimeout(stdscr, -1);
+    return key;
+}
+
 int WaitForInput(const timeval* timeout) {
+    if (int key = BufferedKey(); key != ERR) {
+        gEmptyReads = 0;
+        return key;
+    }
     pollfd fds[2] = {{0, POLLIN, 0}, {WakePipeReadEnd(), POLLIN, 0}};
     int ms = timeout ? static_cast<int>(timeout->tv_sec * 1000 + timeout->tv_usec / 1000) : -1;
     int rc = poll(fds, 2, ms);

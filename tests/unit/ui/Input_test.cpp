@@ -128,6 +128,19 @@ TEST_F(WaitForInputTest, SignalsKeysAndTimeOut) {
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(100));
 }
 
+TEST_F(WaitForInputTest, KeysThatArriveInOneReadWithALoneEscapeAreNotHeldBack) {
+    set_escdelay(25);
+    timeval shortWait{0, 200000};
+    for (std::string after : {"x", "\033", "ab"}) {
+        SCOPED_TRACE(after);
+        Type("\033" + after);
+        EXPECT_EQ(WaitForInput(&second_), 27);
+        for (char c : after)
+            EXPECT_EQ(WaitForInput(&shortWait), static_cast<unsigned char>(c));
+        EXPECT_EQ(WaitForInput(&shortWait), -2);
+    }
+}
+
 TEST_F(WaitForInputTest, ClosedTerminalEndsTheWaitInsteadOfSpinning) {
     close(keys_[1]);
     keys_[1] = -1;
