@@ -71,8 +71,31 @@ bool IsManagementOnDistributedSwitch() {
 }
 
 bool GetManagementUplinks(TesNic& management, std::vector<std::string>& uplinks) {
-    return Guard("Getting uplinks failed: %s",
-                 [&] { uplinks = FindManagementSwitch(management).kswitch->GetUplinks(); });
+    return Guard("Getting uplinks failed: %s", [&] {
+        auto ms = FindManagementSwitch(management);
+        auto onSwitch = ms.kswitch->GetUplinks();
+        // The port group's failover order first: that is the order the administrator chose.
+        std::vector<std::string> ordered;
+        const auto policy = ms.kswitch->GetTeamingPolicy(ms.portGroup);
+        for (const auto& uplink : policy.GetUplinkOrder())
+            if (std::find(onSwitch.begin(), onSwitch.end(), uplink) != onSwitch.end())
+                ordered.push_back(uplink);
+        for (const auto& uplink : onSwitch)
+            if (std::find(ordered.begin(), ordered.end(), uplink) == ordered.end())
+                ordered.push_back(uplink);
+        uplinks = std::move(ordered);
+    });
+}
+
+bool SetManagementTeamingOrder(TesNic& management, const std::vector<std::string>& order, int32_t maxActive) {
+    return Guard("VS: setting teaming policy failed: %s", [&] {
+        auto ms = FindManagementSwitch(management);
+        HostCtl::Network::NicTeamingPolicy policy;
+        policy.SetUplinkOrder(order);
+        policy.SetMaxActiveUplinks(std::clamp<int32_t>(maxActive, 0, static_cast<int32_t>(order.size())));
+        if (!(policy == ms.kswitch->GetTeamingPolicy(ms.portGroup)))
+            ms.kswitch->SetTeamingPolicy(ms.portGroup, policy);
+    });
 }
 
 bool GetMaxActiveUplinks(TesNic& management, int32_t& count) {

@@ -20,10 +20,14 @@ std::unique_ptr<HostCtl::Network::TesNic> FindManagementInterface();
 // is none, or when that cannot be told (each logged).
 bool IsManagementOnDistributedSwitch();
 
-// The uplinks of the standard switch that holds the management port group, in order.
+// The uplinks of the standard switch that holds the management port group, in the port group's failover
+// order (uplinks outside it last).
 bool GetManagementUplinks(HostCtl::Network::TesNic& management, std::vector<std::string>& uplinks);
 // Max active uplinks of the management port group's teaming policy.
 bool GetMaxActiveUplinks(HostCtl::Network::TesNic& management, int32_t& count);
+// Sets the port group's failover order and active count (capped at the order's length) unless they are so.
+bool SetManagementTeamingOrder(HostCtl::Network::TesNic& management, const std::vector<std::string>& order,
+                               int32_t maxActive);
 bool GetManagementVlanId(HostCtl::Network::TesNic& management, uint16_t& vlanId);
 bool SetManagementVlanId(HostCtl::Network::TesNic& management, uint16_t vlanId);
 // Adds `pnic` to the management switch, then last to the port group's uplink order.
