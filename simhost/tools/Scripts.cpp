@@ -110,12 +110,19 @@ int TesBacktrace(const Call& call) {
     if (auto at = pattern.find('%'); at != std::string::npos)
         pattern.replace(at, 1, std::to_string(getpid()));
     namespace fs = std::filesystem;
+    // The console maps the host paths of a command line into the host root: take "DIR/var/log/" like
+    // "/var/log/".
+    if (folder.rfind(call.dir + "/", 0) == 0)
+        folder.erase(0, call.dir.size());
     fs::path target = (fs::path(call.dir) / fs::path(folder.empty() ? "/var/log" : folder).relative_path() /
                        (pattern + ".core"))
                           .lexically_normal();
     if (target.string().rfind(call.dir + "/", 0) != 0)
         return Complain(call, "refusing to write outside the host: " + target.string());
-    std::ofstream(target) << "simulated live core of " << process << "\n";
+    std::ofstream core(target);
+    core << "simulated live core of " << process << "\n";
+    if (!core.flush())
+        return Complain(call, "cannot write " + target.string());
     std::cout << "Core written to " << target.string().substr(call.dir.size()) << "\n";
     return 0;
 }

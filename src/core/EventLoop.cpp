@@ -155,6 +155,26 @@ int GetKey(Window* window, bool useIdleTimeout) {
     }
 }
 
+void WaitForHostDown() {
+    for (;;) {
+        pollfd wake = {WakePipeReadEnd(), POLLIN, 0};
+        if (poll(&wake, 1, -1) < 0) {
+            if (errno != EINTR) {
+                // Without the pipe no signal can reach this loop; sleeping still beats spinning.
+                LogErrno("poll() failed");
+                pause();
+            }
+            continue;
+        }
+        unsigned char byte = 0;
+        if (read(wake.fd, &byte, 1) < 1)
+            continue;
+        int result = WaitResultForWakeByte(byte);
+        if (result == kWaitTerminate || result == kWaitResize)
+            exit(0);
+    }
+}
+
 int RunWindow(Frame* frame) {
     gCurrentWindow = nullptr;
     Frame* parent = frame->ParentFrame();

@@ -16,6 +16,9 @@ void StartSignalThread();
 int WaitForInput(const timeval* timeout);
 int GetKey(Window* window, bool useIdleTimeout);
 int RunWindow(Frame* frame);
+// Blocks without reading keys until a terminating signal (or a resize) ends the process: the host is going
+// down and takes the console with it. Sleeps in poll on the wake-up pipe alone, never spins.
+[[noreturn]] void WaitForHostDown();
 
 void LoadIdleTimeout();
 unsigned IdleTimeoutSeconds();

@@ -5,6 +5,7 @@
 #include "platform/HostRoot.h"
 #include "simhost/model/CallLog.h"
 
+#include <mutex>
 #include <sys/stat.h>
 
 namespace Platform::Sim {
@@ -23,6 +24,8 @@ struct CachedState {
 };
 
 CachedState gCache;
+// The live-core thread raises its alert while the user-interface thread may read the state.
+std::mutex gCacheMutex;
 
 bool SameFile(const CachedState& c, const std::string& path, const struct stat& st) {
     return c.size >= 0 && c.path == path && c.device == st.st_dev && c.inode == st.st_ino &&
@@ -36,6 +39,7 @@ std::shared_ptr<const Json> Load() {
     const std::string path = SimHost::StatePath(HostRoot());
     struct stat st {};
     bool known = stat(path.c_str(), &st) == 0;
+    std::lock_guard<std::mutex> lock(gCacheMutex);
     if (known && SameFile(gCache, path, st))
         return gCache.state;
     try {
@@ -51,7 +55,10 @@ std::shared_ptr<const Json> Load() {
 }
 
 Json Change(const std::function<void(Json&)>& change) {
-    gCache.size = -1;
+    {
+        std::lock_guard<std::mutex> lock(gCacheMutex);
+        gCache.size = -1;
+    }
     try {
         return SimHost::Transact(HostRoot(), change);
     } catch (const SimHost::StoreError& e) {

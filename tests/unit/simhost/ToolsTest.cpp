@@ -209,6 +209,10 @@ TEST_F(SimHostTools, LiveCoreOnlyOfARunningAgent) {
     ASSERT_EQ(cores.size(), 1u);
     EXPECT_EQ(cores[0].string().rfind("stewd-restart", 0), 0u) << cores[0];
 
+    // The folder as the console passes it, already inside the host.
+    EXPECT_EQ(Tool("/sbin/tesbacktrace -w -n stewd -o mapped -d " + dir_ + "/var/log/").code, 0);
+    EXPECT_TRUE(fs::exists(dir_ + "/var/log/mapped.core"));
+
     EXPECT_EQ(Sh("/sbin/svcctl.sh", "stop"), 0);
     EXPECT_EQ(Tool("/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d /var/log/").code, 1);
     EXPECT_EQ(Sh("/sbin/svcctl.sh", "start"), 0);

@@ -1,0 +1,103 @@
+// Agent restart (with and without the live core) and the configuration reset on the simulated host.
+#include "SimHostFixture.h"
+
+#include "hostops/AgentRestart.h"
+#include "hostops/LiveCore.h"
+#include "hostops/SystemReset.h"
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+const Tarn::AgentRestartTexts kTexts = {"Collecting.", "Stopping.", "Starting.", "Done."};
+
+class AgentRestart : public SimHostFixture {
+protected:
+    Strings Restart(bool collect) {
+        Strings shown;
+        Tarn::RestartAgents(collect, kTexts, [&](const std::string& text) { shown.push_back(text); });
+        return shown;
+    }
+    // The live-core thread is not waited for by the restart; the test waits for its last trace so that it
+    // has ended before the host goes away.
+    bool WaitFor(const std::function<bool()>& done) {
+        for (int i = 0; i < 500; ++i) {
+            if (done())
+                return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return false;
+    }
+    static bool Has(const Strings& calls, const std::string& prefix) {
+        for (const auto& c : calls)
+            if (c.rfind(prefix, 0) == 0)
+                return true;
+        return false;
+    }
+};
+
+TEST_F(AgentRestart, ProgressAndCommandsWithoutTheLiveCore) {
+    Change([](Json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
+    EXPECT_EQ(Restart(false),
+              (Strings{"{color:dark-grey}{/color}{color:black}Stopping.{/color}",
+                       "{color:dark-grey}Stopping. Done.\n{/color}{color:black}Starting.{/color}",
+                       "{color:dark-grey}Stopping. Done.\nStarting. Done.{/color}"}));
+    EXPECT_EQ(Calls(), (Strings{"/sbin/svcctl.sh stop", "/sbin/svcctl.sh start"}));
+    EXPECT_TRUE(Logged("Restarting host agents"));
+    EXPECT_EQ(Lines("var/log/obed.log"),
+              Strings{"@&!*@*@(obe.user.tarn.restarting.hostagents)Restarting host agents"});
+}
+
+TEST_F(AgentRestart, LiveCoreStartedFirstAndNotWaitedFor) {
+    Strings shown = Restart(true);
+    ASSERT_EQ(shown.size(), 3u);
+    EXPECT_EQ(shown.back(), "{color:dark-grey}Collecting. Done.\nStopping. Done.\nStarting. Done.{/color}");
+    EXPECT_TRUE(WaitFor([&] {
+        return !State()["system"]["alerts"].empty() || Logged("tesbacktrace failed, probably stewd was down");
+    }));
+    Strings calls = Calls();
+    EXPECT_TRUE(
+        Has(calls, dir_ + "/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d " + dir_ + "/var/log/"));
+    EXPECT_TRUE(Logged("Executing tesbacktrace -c against stewd"));
+    // The core races the agents' stop: either it was written and announced, or the failure is logged.
+    bool written = false;
+    for (const auto& entry : std::filesystem::directory_iterator(dir_ + "/var/log"))
+        written |= entry.path().extension() == ".core";
+    if (written)
+        EXPECT_EQ(State()["system"]["alerts"], Json::array({"Stewd core dump completed"}));
+    else
+        EXPECT_TRUE(Logged("tesbacktrace failed, probably stewd was down"));
+}
+
+TEST_F(AgentRestart, LiveCoreOfAStoppedAgentFails) {
+    Change([](Json& s) { s["services"]["stewd"]["running"] = false; });
+    Tarn::TakeLiveCore(); // on this thread: nothing to wait for
+    EXPECT_TRUE(Logged("tesbacktrace failed, probably stewd was down"));
+    EXPECT_TRUE(State()["system"]["alerts"].empty());
+}
+
+TEST_F(AgentRestart, ResetRunsTheToolAndRebootsOnlyWhenAsked) {
+    Tarn::ReportSystemReset();
+    EXPECT_TRUE(Logged("Restoring factory defaults"));
+    EXPECT_EQ(Lines("var/log/obed.log"),
+              Strings{"@&!*@*@(obe.user.tarn.restore.factory.defaults)Restoring factory defaults"});
+
+    Change([](Json& s) { s["simulation"]["failing"] = {"resetCfg.py"}; });
+    EXPECT_FALSE(Tarn::RunSystemReset());
+    Change([](Json& s) {
+        s["simulation"]["failing"] = Json::array();
+        s["services"]["SSH"]["running"] = true;
+    });
+    EXPECT_TRUE(Tarn::RunSystemReset());
+    EXPECT_EQ(State()["services"]["SSH"]["running"], false);
+    EXPECT_EQ(State()["power"]["state"], "on");
+    EXPECT_TRUE(Tarn::RestartHostForced());
+    EXPECT_EQ(State()["power"]["state"], "rebooting");
+    EXPECT_EQ(Calls(), (Strings{"/sbin/resetCfg.py --reset-only", "/sbin/resetCfg.py --reset-only",
+                                dir_ + "/sbin/reboot -f"}));
+}
+
+} // namespace
