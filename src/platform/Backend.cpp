@@ -3,6 +3,8 @@
 
 #include "platform/Spawn.h"
 
+#include <BuildConfig.h>
+
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -15,16 +17,26 @@
 namespace Platform {
 namespace {
 
-// The simulated host's tools, PAM module and the simhost program are built next to the console; creating
-// the host through that program keeps its file-system code out of the console.
+// The simhost program: next to the console in the build tree, in the package's private directory once
+// installed. Naming the build-tree path when neither exists gives the likelier hint.
+std::string FindSimHostProgram(const std::string& consoleDir) {
+    const std::string installed = consoleDir + "/" + BuildConfig::kSimHostDirFromConsole + "/simhost";
+    for (const std::string& program : {consoleDir + "/simhost", installed})
+        if (access(program.c_str(), X_OK) == 0)
+            return program;
+    return consoleDir + "/simhost";
+}
+
+// Creating the host through the simhost program keeps its file-system code out of the console; simhost
+// finds the tools and the PAM module it installs next to itself.
 void CreateDefaultSimHost(const std::string& dir) {
     char exe[PATH_MAX];
     ssize_t n = readlink("/proc/self/exe", exe, sizeof exe - 1);
     if (n <= 0)
         throw std::runtime_error(std::string("cannot find the console's own directory: ") +
                                  std::strerror(errno));
-    std::string program(exe, static_cast<size_t>(n));
-    program = program.substr(0, program.rfind('/') + 1) + "simhost";
+    std::string self(exe, static_cast<size_t>(n));
+    std::string program = FindSimHostProgram(self.substr(0, self.rfind('/')));
 
     std::string init = "init", target = dir;
     char* argv[] = {program.data(), init.data(), target.data(), nullptr};
