@@ -1,10 +1,11 @@
-// The System Customization menu: builds the entry list from the host's state, keeps the right pane in step
-// with the cursor, and opens each entry's task.
+// The System Customization menu: builds the entry list from the host's state and the menu table, composes
+// the right pane, and handles the log digits and support paging.
 //
-// Entries 7 (management network window), 9 (network test), 10 (network restore), 13 (troubleshooting) and
-// 14 (system reset) open nothing yet: their screens do not exist so far. Entry 8 only reports a missing
-// management interface; the restart itself comes with the restart screen.
+// The management network window, the network test, the network restore, troubleshooting and the system reset
+// open nothing yet (no task in their rows); the restart entry only reports a missing management interface.
 #include "screens/GeneralWindow.h"
+
+#include "screens/MenuTable.h"
 
 #include "core/EventLoop.h"
 #include "core/Keys.h"
@@ -19,32 +20,17 @@
 #include "platform/SysInfo.h"
 #include "platform/SystemInfo.h"
 #include "platform/TextFile.h"
-#include "screens/ChangePasswordDialog.h"
-#include "screens/KeyboardDialog.h"
-#include "screens/LockdownDialog.h"
 #include "screens/LogViewer.h"
-#include "ui/Item.h"
-#include "ui/ItemList.h"
 #include "ui/ScreenUpdate.h"
-#include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"
 #include "ui/TextIds.h"
 
 #include <sys/stat.h>
 
 namespace Tarn {
-namespace {
+namespace {} // namespace
 
-constexpr unsigned kBlank = 3;
-constexpr unsigned kSupportEntry = 11;
-constexpr unsigned kLogEntry = 12;
-
-// Text colour of an entry that cannot be chosen: dark grey on the list's amber.
-constexpr int kDisabledForeground = 6;
-
-} // namespace
-
-GeneralWindow::GeneralWindow(Frame* parent) : RootWindow(parent) {
+GeneralWindow::GeneralWindow(Frame* parent) : ListSummaryWindow(parent) {
     ReadLockdown();
     ReadManagement();
     ReadHostFacts();
@@ -52,15 +38,10 @@ GeneralWindow::GeneralWindow(Frame* parent) : RootWindow(parent) {
     flags_.keyboardChoice = KeyboardChoice();
 
     entries_ = BuildMenuEntries(flags_);
-    std::vector<Item*> pointers;
-    for (const MenuEntry& entry : entries_) {
-        items_.push_back(std::make_unique<LabelItem>(Text(entry.id), entry.id != kBlank));
-        pointers.push_back(items_.back().get());
-    }
-    list_ = ListPane()->AddChild<ItemList>(0, 0, ListPane()->Width(), ListPane()->Height());
-    ApplyEnabling();
-    list_->SetItems(pointers);
-    ComposePane();
+    std::vector<SummaryEntry> entries;
+    for (const MenuEntry& entry : entries_)
+        entries.push_back({Text(entry.id), entry.id != TextId::Blank, entry.enabled});
+    SetEntries(entries);
 }
 
 GeneralWindow::~GeneralWindow() = default;
@@ -139,18 +120,8 @@ void GeneralWindow::LoadSupportInformation() {
     support_ = ExpandSupportLines(ParseSupportLines(text), known);
 }
 
-void GeneralWindow::ApplyEnabling() {
-    std::vector<MenuEntry> fresh = BuildMenuEntries(flags_);
-    for (size_t i = 0; i < items_.size() && i < fresh.size(); ++i) {
-        items_[i]->SetEnabled(fresh[i].enabled);
-        items_[i]->SetColors(3, fresh[i].enabled || fresh[i].id == kBlank ? 0 : kDisabledForeground);
-    }
-    entries_ = std::move(fresh);
-}
-
-unsigned GeneralWindow::SelectedId() const {
-    int index = list_->FocusIndex();
-    return index < 0 ? kBlank : entries_[static_cast<size_t>(index)].id;
+unsigned GeneralWindow::IdAt(int index) const {
+    return index < 0 ? TextId::Blank : entries_[static_cast<size_t>(index)].id;
 }
 
 size_t GeneralWindow::SupportPageRows() const {
@@ -169,35 +140,19 @@ void GeneralWindow::StatLogs() {
     facts_.logList = LogListText(logNumbers_);
 }
 
-void GeneralWindow::ComposePane() {
-    const unsigned id = SelectedId();
-    if (id == kLogEntry)
+SummaryPane GeneralWindow::Pane(int index) {
+    const unsigned id = IdAt(index);
+    if (id == TextId::ViewSystemLogs)
         StatLogs();
-    if (id == kSupportEntry)
+    if (id == TextId::ViewSupportInformation)
         facts_.supportPage = SupportPage(support_, supportFirst_, SupportPageRows());
     PaneText pane = MenuPane(Strings(), id, facts_);
-    SetTitle(pane.title);
-    SetBody(pane.body);
-    SetFooter(pane.footer);
+    return {pane.title, pane.body, pane.footer};
 }
 
-void GeneralWindow::DrawPane() {
-    ComposePane();
-    // Only the three text areas: the terminal gets the cells whose text changed, not the whole pane.
-    ScreenUpdate update;
-    TitleArea()->Draw(true);
-    BodyArea()->Draw(true);
-    FooterArea()->Draw(true);
-}
-
-void GeneralWindow::Move(bool up) {
-    const unsigned before = SelectedId();
-    ScreenUpdate update; // the list rows and the pane reach the terminal in one write
-    if (!(up ? list_->Up() : list_->Down()))
-        return;
-    if (before == kSupportEntry)
+void GeneralWindow::Leaving(int index) {
+    if (IdAt(index) == TextId::ViewSupportInformation)
         supportFirst_ = 0;
-    DrawPane();
 }
 
 void GeneralWindow::PageSupport(bool down) {
@@ -219,69 +174,33 @@ void GeneralWindow::ViewLog(int digit) {
     Draw(true);
 }
 
-void GeneralWindow::RestartManagementNetwork() {
-    std::unique_ptr<HostCtl::Network::TesNic> management;
-    try {
-        management = FindManagementInterface();
-    } catch (const HostCtl::Lib::HostCtlException& e) {
-        Log(LOG_ERR, "Getting management interface failed: %s", e.what());
-    }
-    if (!management) {
-        MessageDialog message(this, TextId::RestartManagementNetworkError,
-                              Text(TextId::ManagementInterfaceNotFound));
-        RunWindow(&message);
-    }
+bool GeneralWindow::Open(int index) {
+    const MenuRow* row = FindMenuRow(IdAt(index));
+    if (row == nullptr || row->open == nullptr)
+        return false; // no task behind this entry (yet)
+    MenuContext context{*this, flags_, facts_};
+    row->open(context);
+    return true;
 }
 
-void GeneralWindow::Open(unsigned id) {
-    switch (id) {
-    case 5: {
-        ChangePasswordDialog dialog(this);
-        if (RunWindow(&dialog) == 1)
-            SetEmptyPassword(false);
-        break;
-    }
-    case 6: {
-        LockdownDialog dialog(this, facts_.lockdown == LockdownState::Enabled);
-        RunWindow(&dialog);
-        break;
-    }
-    case 8:
-        RestartManagementNetwork();
-        break;
-    case 15: {
-        KeyboardDialog dialog(this);
-        RunWindow(&dialog);
-        break;
-    }
-    default:
-        return; // no task behind this entry (yet): nothing changed, nothing to redraw
-    }
-    // Any task may have changed what the menu shows: ask the host again and redraw.
+void GeneralWindow::Refresh() {
+    // Any task may have changed what the menu shows: ask the host again.
     ReadLockdown();
     ReadManagement();
     ReadHostFacts();
-    ScreenUpdate update;
-    ApplyEnabling();
-    list_->Draw(true);
-    DrawPane();
+    entries_ = BuildMenuEntries(flags_);
+    std::vector<bool> enabled;
+    for (const MenuEntry& entry : entries_)
+        enabled.push_back(entry.enabled);
+    SetEnabled(enabled);
 }
 
-int GeneralWindow::Foreground() {
-    for (;;) {
-        const int key = GetKey(this, true);
-        const unsigned id = SelectedId();
-        if (key == Key::Escape)
-            return 0;
-        if (key == Key::Up || key == Key::Down)
-            Move(key == Key::Up);
-        else if (key == Key::Enter)
-            Open(id);
-        else if (id == kLogEntry && key >= '0' && key <= '9')
-            ViewLog(key - '0');
-        else if (id == kSupportEntry && (key == Key::PageUp || key == Key::PageDown))
-            PageSupport(key == Key::PageDown);
-    }
+void GeneralWindow::OnOtherKey(int index, int key) {
+    const unsigned id = IdAt(index);
+    if (id == TextId::ViewSystemLogs && key >= '0' && key <= '9')
+        ViewLog(key - '0');
+    else if (id == TextId::ViewSupportInformation && (key == Key::PageUp || key == Key::PageDown))
+        PageSupport(key == Key::PageDown);
 }
 
 } // namespace Tarn

@@ -1,25 +1,28 @@
 // The System Customization menu: tasks on the left, the selected task's description and state on the right.
+// The entries, panes and tasks come from the menu table (MenuTable.h); this window gathers the host facts
+// behind them and handles the keys of the log list and the support pages.
 #pragma once
 
 #include "screens/MenuModel.h"
 #include "screens/MenuPanes.h"
-#include "ui/Window.h"
+#include "ui/ListSummaryWindow.h"
 
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace Tarn {
 
-class ItemList;
-class LabelItem;
-
-class GeneralWindow : public RootWindow {
+class GeneralWindow : public ListSummaryWindow {
 public:
     explicit GeneralWindow(Frame* parent);
     ~GeneralWindow() override;
-    // Returns when the operator logs out with Esc; Tarn::TarnTimeout passes through.
-    int Foreground() override;
+
+protected:
+    SummaryPane Pane(int index) override;
+    bool Open(int index) override;
+    void Refresh() override;
+    void OnOtherKey(int index, int key) override;
+    void Leaving(int index) override;
 
 private:
     // Host facts behind the enabling rules and the panes.
@@ -28,25 +31,15 @@ private:
     void ReadHostFacts();
     void LoadSupportInformation();
 
-    void ApplyEnabling();
-    unsigned SelectedId() const;
-    // Composes the pane of the selected entry; DrawPane also puts it on the screen.
-    void ComposePane();
-    void DrawPane();
+    unsigned IdAt(int index) const;
     void StatLogs();
-
-    void Move(bool up);
     void PageSupport(bool down);
     void ViewLog(int digit);
-    void Open(unsigned id);
-    void RestartManagementNetwork();
     size_t SupportPageRows() const;
 
     MenuFlags flags_;
     MenuPaneFacts facts_;
     std::vector<MenuEntry> entries_;
-    std::vector<std::unique_ptr<LabelItem>> items_;
-    ItemList* list_ = nullptr; // owned by the list pane
     std::vector<std::string> support_;
     size_t supportFirst_ = 0;
     std::vector<int> logNumbers_;

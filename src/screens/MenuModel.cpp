@@ -2,25 +2,19 @@
 #include "screens/MenuModel.h"
 
 #include "platform/TextFile.h"
+#include "screens/MenuTable.h"
+#include "ui/TextIds.h"
 
 namespace Tarn {
 
-std::vector<MenuEntry> BuildMenuEntries(const MenuFlags& f) {
-    std::vector<MenuEntry> entries = {
-        {5, true},
-        {6, f.lockdownAvailable},
-        {3, false},
-        {7, f.managementInterface},
-        {8, f.managementInterface},
-        {9, f.managementInterface},
-        {10, true},
-        {3, false},
-    };
-    if (f.keyboardChoice)
-        entries.push_back({15, true});
-    entries.insert(
-        entries.end(),
-        {{13, true}, {3, false}, {12, true}, {3, false}, {11, true}, {3, false}, {14, !f.networkBoot}});
+std::vector<MenuEntry> BuildMenuEntries(const MenuFlags& flags) {
+    std::vector<MenuEntry> entries;
+    for (const MenuRow& row : MenuTable()) {
+        if (row.listed != nullptr && !row.listed(flags))
+            continue;
+        const bool enabled = row.id != TextId::Blank && (row.enabled == nullptr || row.enabled(flags));
+        entries.push_back({row.id, enabled});
+    }
     return entries;
 }
 

@@ -1,0 +1,46 @@
+// The tasks the System Customization menu opens: each runs its dialog on top of the menu.
+#include "core/EventLoop.h"
+#include "core/Log.h"
+#include "core/Session.h"
+#include "network/NetworkAccess.h"
+#include "platform/HostCtlException.h"
+#include "screens/ChangePasswordDialog.h"
+#include "screens/KeyboardDialog.h"
+#include "screens/LockdownDialog.h"
+#include "screens/MenuTable.h"
+#include "ui/StandardDialogs.h"
+#include "ui/TextIds.h"
+
+namespace Tarn {
+
+void OpenPasswordChange(MenuContext& context) {
+    ChangePasswordDialog dialog(&context.window);
+    if (RunWindow(&dialog) == 1)
+        SetEmptyPassword(false);
+}
+
+void OpenLockdown(MenuContext& context) {
+    LockdownDialog dialog(&context.window, context.facts.lockdown == LockdownState::Enabled);
+    RunWindow(&dialog);
+}
+
+void OpenRestartManagementNetwork(MenuContext& context) {
+    std::unique_ptr<HostCtl::Network::TesNic> management;
+    try {
+        management = FindManagementInterface();
+    } catch (const HostCtl::Lib::HostCtlException& e) {
+        Log(LOG_ERR, "Getting management interface failed: %s", e.what());
+    }
+    if (!management) {
+        MessageDialog message(&context.window, TextId::RestartManagementNetworkError,
+                              context.window.Text(TextId::ManagementInterfaceNotFound));
+        RunWindow(&message);
+    }
+}
+
+void OpenKeyboard(MenuContext& context) {
+    KeyboardDialog dialog(&context.window);
+    RunWindow(&dialog);
+}
+
+} // namespace Tarn

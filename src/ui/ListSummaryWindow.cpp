@@ -1,0 +1,94 @@
+// The list-and-summary window's entries, summary drawing and key loop.
+#include "ui/ListSummaryWindow.h"
+
+#include "core/Colors.h"
+#include "core/EventLoop.h"
+#include "core/Keys.h"
+#include "ui/Item.h"
+#include "ui/ItemList.h"
+#include "ui/ScreenUpdate.h"
+#include "ui/TextArea.h"
+
+namespace Tarn {
+
+ListSummaryWindow::ListSummaryWindow(Frame* parent) : RootWindow(parent) {
+    list_ = ListPane()->AddChild<ItemList>(0, 0, ListPane()->Width(), ListPane()->Height());
+}
+
+ListSummaryWindow::~ListSummaryWindow() = default;
+
+void ListSummaryWindow::SetEntries(const std::vector<SummaryEntry>& entries) {
+    items_.clear();
+    std::vector<Item*> pointers;
+    std::vector<bool> enabled;
+    for (const SummaryEntry& entry : entries) {
+        items_.push_back(std::make_unique<LabelItem>(entry.label, entry.selectable));
+        pointers.push_back(items_.back().get());
+        enabled.push_back(entry.enabled);
+    }
+    SetEnabled(enabled);
+    list_->SetItems(pointers);
+    ComposePane();
+}
+
+void ListSummaryWindow::SetEnabled(const std::vector<bool>& enabled) {
+    for (size_t i = 0; i < items_.size() && i < enabled.size(); ++i) {
+        LabelItem& item = *items_[i];
+        item.SetEnabled(enabled[i]);
+        // A blank separator keeps the plain colours; an entry that cannot be chosen is greyed.
+        const bool greyed = !enabled[i] && item.Selectable();
+        item.SetColors(Color::ContentBackground, greyed ? Color::DisabledItemText : Color::ItemText);
+    }
+}
+
+int ListSummaryWindow::Selected() const {
+    return list_->FocusIndex();
+}
+
+void ListSummaryWindow::ComposePane() {
+    SummaryPane pane = Pane(Selected());
+    SetTitle(pane.title);
+    SetBody(pane.body);
+    SetFooter(pane.footer);
+}
+
+void ListSummaryWindow::DrawPane() {
+    ComposePane();
+    // Only the three text areas: the terminal gets the cells whose text changed, not the whole pane.
+    ScreenUpdate update;
+    TitleArea()->Draw(true);
+    BodyArea()->Draw(true);
+    FooterArea()->Draw(true);
+}
+
+void ListSummaryWindow::Move(bool up) {
+    const int before = Selected();
+    ScreenUpdate update; // the list rows and the summary reach the terminal in one write
+    if (!(up ? list_->Up() : list_->Down()))
+        return;
+    Leaving(before);
+    DrawPane();
+}
+
+int ListSummaryWindow::Foreground() {
+    for (;;) {
+        const int key = GetKey(this, true);
+        const int index = Selected();
+        if (key == Key::Escape)
+            return 0;
+        if (key == Key::Up || key == Key::Down) {
+            Move(key == Key::Up);
+        } else if (key == Key::Enter) {
+            if (index < 0 || !Open(index))
+                continue; // nothing ran: nothing changed, nothing to redraw
+            Refresh();
+            ScreenUpdate update;
+            list_->Draw(true);
+            DrawPane();
+        } else {
+            OnOtherKey(index, key);
+        }
+    }
+}
+
+} // namespace Tarn

@@ -1,0 +1,71 @@
+// The list-and-summary window: a full-screen list of entries on the left, the summary of the entry under
+// the cursor on the right (title, body, key hints). One key loop: Up/Down move and redraw the summary, Enter
+// opens the entry, Esc leaves. A screen supplies the entries and says what each shows and opens.
+#pragma once
+
+#include "ui/Window.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace Tarn {
+
+class ItemList;
+class LabelItem;
+
+struct SummaryPane {
+    std::string title;
+    std::string body;
+    std::string footer;
+};
+
+struct SummaryEntry {
+    std::string label;
+    bool selectable = true; // false: a blank separator line
+    bool enabled = true;    // false: listed in dark grey and passed over by the cursor
+};
+
+class ListSummaryWindow : public RootWindow {
+public:
+    explicit ListSummaryWindow(Frame* parent);
+    ~ListSummaryWindow() override;
+
+    // Returns 0 when the operator leaves with Esc; TarnTimeout passes through.
+    int Foreground() override;
+
+protected:
+    // Builds the list (the focus on the first entry that can be chosen) and composes its summary.
+    void SetEntries(const std::vector<SummaryEntry>& entries);
+    // New enabled states after the host changed, one per entry; does not draw.
+    void SetEnabled(const std::vector<bool>& enabled);
+    // Index of the entry under the cursor, -1 when no entry can be chosen.
+    int Selected() const;
+    // Fills the summary of the selected entry; DrawPane also puts it on the screen.
+    void ComposePane();
+    void DrawPane();
+    ItemList* List() const { return list_; }
+
+    // The summary of entry `index` (-1: nothing selected).
+    virtual SummaryPane Pane(int index) = 0;
+    // Enter on entry `index`: true when a task ran, which may have changed the host; the window then calls
+    // Refresh and redraws.
+    virtual bool Open(int index) = 0;
+    // Reads again what the entries and summaries show (SetEnabled for the entries).
+    virtual void Refresh() {}
+    // A key the loop has no use for, on entry `index`.
+    virtual void OnOtherKey(int index, int key) {
+        (void)index;
+        (void)key;
+    }
+    // The cursor left entry `index`.
+    virtual void Leaving(int index) { (void)index; }
+
+private:
+    void Move(bool up);
+
+    std::vector<std::unique_ptr<LabelItem>> items_;
+    ItemList* list_ = nullptr; // owned by the list pane
+};
+
+} // namespace Tarn
