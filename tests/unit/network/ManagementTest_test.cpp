@@ -5,10 +5,13 @@
 
 #include "network/HostnameCheck.h"
 #include "network/RestartText.h"
+#include "network/TestStep.h"
 #include "network/TestTargets.h"
 #include "platform/Resolver.h"
 
+#include <chrono>
 #include <filesystem>
+#include <thread>
 
 using namespace Tarn;
 
@@ -133,4 +136,26 @@ TEST_F(HostnameCheckTest, MissingHostsFileIsLoggedAndLeftAlone) {
     std::filesystem::remove(host_.Path("/etc/hosts.backup"));
     EXPECT_FALSE(RestoreHostsFile());
     EXPECT_TRUE(host_.LoggedPrefix("failed to restore /etc/hosts: "));
+}
+
+TEST_F(HostnameCheckTest, StepsRunOnWorkersAndOutliveTheirCaller) {
+    // A ping that answers for one address only, and is slow for another.
+    host_.Script("/bin/tesping",
+                 "case \"$*\" in *192.0.2.1) exit 0;; *192.0.2.9) sleep 0.3; exit 0;; esac; exit 1");
+    auto wait = [](const std::shared_ptr<TestStep>& step) {
+        while (!step->Finished())
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        return step->Succeeded();
+    };
+    EXPECT_TRUE(wait(TestStep::StartPing("192.0.2.1", "tes0")));
+    EXPECT_FALSE(wait(TestStep::StartPing("192.0.2.2", "tes0")));
+    EXPECT_TRUE(wait(TestStep::StartResolve("host01.example.test")));
+    EXPECT_FALSE(wait(TestStep::Start([]() -> bool { throw std::runtime_error("boom"); })));
+
+    auto slow = TestStep::StartPing("192.0.2.9", "tes0");
+    EXPECT_FALSE(slow->Finished()) << "the caller does not wait for the worker";
+    std::weak_ptr<TestStep> left = slow;
+    slow.reset(); // the dialog was left with Esc: the worker keeps the step alive until it ends
+    while (!left.expired())
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }

@@ -1,0 +1,137 @@
+// The restore sequences against a small simulated host: factory restore (declined, power-off failure,
+// success), the move of management off a distributed switch, switch creation commands, and the
+// management network restart.
+#include "../network/NetworkHost.h"
+#include "RecordingProgress.h"
+
+#include "network/NetworkAccess.h"
+#include "network/RestartManagementNetwork.h"
+#include "restore/FactoryRestore.h"
+#include "restore/StandardSwitchRestore.h"
+#include "restore/SwitchCreation.h"
+#include "ui/en_US_Factory.h"
+
+using namespace Tarn;
+
+class RestoreActionsTest : public NetworkHostTest {
+protected:
+    void WriteHost(const std::function<void(Json&)>& change = {}) {
+        Json host = BaseHost();
+        host["vms"] = Json::array({{{"name", "vm01"}, {"running", true}}});
+        if (change)
+            change(host);
+        host_.WriteState(host);
+    }
+    std::string Events() { return host_.Read("/var/log/obed.log"); }
+
+    en_US_Factory texts_{[] { return Platform::SystemVersion{}; }};
+    RecordingProgress progress_;
+};
+
+TEST_F(RestoreActionsTest, FactoryRestoreDeclinedChangesNothing) {
+    WriteHost();
+    const Json before = host_.State();
+    EXPECT_FALSE(RunFactoryRestore(texts_, progress_, [] { return false; }));
+    EXPECT_EQ(host_.State(), before);
+    EXPECT_TRUE(progress_.lines.empty());
+}
+
+TEST_F(RestoreActionsTest, FactoryRestoreWithFailingPowerOffKeepsNetwork) {
+    WriteHost();
+    host_.Script("/sbin/haltGuests", "exit 1");
+    const Json before = host_.State();
+    EXPECT_TRUE(RunFactoryRestore(texts_, progress_, [] { return true; }));
+    ReportFactoryRestore();
+    EXPECT_EQ(progress_.lines, (std::vector<std::string>{"Powering Off VMs. Failed."}));
+    Json after = host_.State();
+    EXPECT_EQ(after["tesnics"], before["tesnics"]);
+    EXPECT_EQ(after["standardSwitches"], before["standardSwitches"]);
+    EXPECT_EQ(after["netDumper"]["enabled"], false);
+    EXPECT_TRUE(host_.Logged("Error powering off VMs"));
+    EXPECT_NE(Events().find("factory.network.restored"), std::string::npos);
+}
+
+TEST_F(RestoreActionsTest, FactoryRestoreBuildsDefaultNetworkOnDhcp) {
+    WriteHost();
+    host_.Script("/sbin/haltGuests", "[ $# -eq 0 ] || exit 2");
+    EXPECT_TRUE(RunFactoryRestore(texts_, progress_, [] { return true; }));
+    EXPECT_EQ(progress_.lines,
+              (std::vector<std::string>{"Powering Off VMs. Done.", "Auto-configuring network. Done."}));
+    Json s = host_.State();
+    ASSERT_EQ(s["standardSwitches"].size(), 1u);
+    EXPECT_EQ(s["standardSwitches"][0]["uplinks"], Json::array({"nicx0"}));
+    EXPECT_TRUE(s["distributedSwitches"].empty());
+    EXPECT_EQ(s["tesnics"][0]["running"]["address"], "192.0.2.77");
+    EXPECT_TRUE(host_.Logged("Clearing Network Config"));
+    EXPECT_TRUE(host_.Logged("Auto-Configuring Network"));
+}
+
+TEST_F(RestoreActionsTest, StandardSwitchRestoreTakesFreeNamesAndMovesUplinks) {
+    WriteHost([](Json& host) {
+        host["tesnics"][0]["connection"] = {{"type", 2}, {"switch", "kDS-1"}, {"port", "10"}};
+        host["distributedSwitches"][0]["uplinks"] = {"nicx2", "nicx3"};
+        host["standardSwitches"].push_back(
+            {{"name", "kSwitch1"},
+             {"ports", 128},
+             {"uplinks", Json::array()},
+             {"portGroups", {{{"name", "Management Network1"}, {"vlan", 0}}}}});
+    });
+    MoveManagementToStandardSwitch();
+    Json s = host_.State();
+    ASSERT_EQ(s["standardSwitches"].size(), 3u);
+    const Json& created = s["standardSwitches"][2];
+    EXPECT_EQ(created["name"], "kSwitch2");
+    EXPECT_EQ(created["uplinks"], Json::array({"nicx2", "nicx3"}));
+    EXPECT_EQ(created["portGroups"][0]["name"], "Management Network2");
+    EXPECT_EQ(created["portGroups"][0]["teaming"]["uplinkOrder"], Json::array({"nicx2", "nicx3"}));
+    EXPECT_EQ(created["portGroups"][0]["teaming"]["maxActive"], 2);
+    EXPECT_TRUE(s["distributedSwitches"][0]["uplinks"].empty());
+    EXPECT_EQ(s["tesnics"][0]["connection"]["portGroup"], "Management Network2");
+    EXPECT_EQ(host_.LogMessages().back(),
+              "Enabling safe mode networking by moving all uplinks to a new management kSwitch");
+}
+
+TEST_F(RestoreActionsTest, SwitchCreationRunsEveryCommand) {
+    host_.Script("/bin/corlacli",
+                 "echo \"$*\" >> " + host_.Path("/calls") + "\n[ $5 = remove ] && exit 1\nexit 0");
+    EXPECT_FALSE(CreateStandardSwitchWithUplink("kSwitch5", "nicx1", "kSwitch0"));
+    EXPECT_EQ(host_.Lines("/calls"), (std::vector<std::string>{
+                                         "network kswitch standard uplink remove -u nicx1 -v kSwitch0",
+                                         "network kswitch standard add -v kSwitch5",
+                                         "network kswitch standard uplink add -u nicx1 -v kSwitch5",
+                                     }));
+    EXPECT_TRUE(CreateStandardSwitchWithUplink("kSwitch6", "nicx2", ""));
+    EXPECT_EQ(
+        UplinkInUseText("nicx1", "kSwitch0"),
+        "The chosen uplink \"nicx1\" is already in use by \"kSwitch0\".\nDo you wish to detach the uplink "
+        "and attach it to the newly created standard switch?");
+}
+
+TEST_F(RestoreActionsTest, RestartRenewsLeaseAndReports) {
+    struct Case {
+        bool dhcp;
+        bool leaseAvailable;
+        std::string address;
+    } cases[] = {{false, true, "192.0.2.10"}, {true, true, "192.0.2.77"}, {true, false, "0.0.0.0"}};
+    for (const Case& c : cases) {
+        WriteHost([&](Json& host) {
+            host["tesnics"][0]["stored"]["dhcp"] = host["tesnics"][0]["running"]["dhcp"] = c.dhcp;
+            host["tesnics"][0]["running"]["address"] = "192.0.2.10";
+            host["network"]["dhcp"]["available"] = c.leaseAvailable;
+            host["tesnics"][0]["stored"]["ipv6"].push_back(
+                {{"address", "2001:db8::10"}, {"prefix", 64}, {"type", 0}, {"scope", "global"}});
+        });
+        RecordingProgress progress;
+        auto management = FindManagementInterface();
+        ASSERT_NE(management, nullptr);
+        EXPECT_TRUE(RestartManagementNetwork(*management, texts_, progress));
+        ASSERT_EQ(progress.lines.size(), 3u);
+        EXPECT_EQ(progress.lines[0], "Stopping management network. Done.");
+        EXPECT_EQ(progress.lines[1], "Starting management network. Done.");
+        EXPECT_EQ(progress.lines[2],
+                  "\n   IP address is 2001:db8::10/64\nIP address is " + c.address + "\n\nDone.");
+        EXPECT_TRUE(host_.State()["tesnics"][0]["enabled"].get<bool>());
+    }
+    EXPECT_TRUE(host_.Logged("Restarting tes0"));
+    EXPECT_NE(Events().find("(obe.user.tarn.network.restart)Restarting tes0"), std::string::npos);
+}
