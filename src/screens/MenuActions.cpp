@@ -3,11 +3,13 @@
 #include "core/Log.h"
 #include "core/Session.h"
 #include "network/NetworkAccess.h"
+#include "network/NetworkWindow.h"
 #include "platform/HostCtlException.h"
 #include "screens/ChangePasswordDialog.h"
 #include "screens/KeyboardDialog.h"
 #include "screens/LockdownDialog.h"
 #include "screens/MenuTable.h"
+#include "screens/PowerConfirmDialog.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
 
@@ -22,6 +24,21 @@ void OpenPasswordChange(MenuContext& context) {
 void OpenLockdown(MenuContext& context) {
     LockdownDialog dialog(&context.window, context.facts.lockdown == LockdownState::Enabled);
     RunWindow(&dialog);
+}
+
+void OpenNetworkWindow(MenuContext& context) {
+    // An IPv6 change takes effect at the next boot: offer the restart, letting the virtual machines stop.
+    NetworkWindow window(&context.window, [](Frame* parent) {
+        RebootConfirmDialog reboot(parent, true);
+        RunWindow(&reboot);
+    });
+    if (window.Outcome() == OpenOutcome::NoInterface) {
+        MessageDialog message(&context.window, TextId::EnableManagementNetworkError,
+                              context.window.Text(TextId::ManagementInterfaceNotFound));
+        RunWindow(&message);
+    } else if (window.Outcome() == OpenOutcome::Ready) {
+        RunWindow(&window);
+    }
 }
 
 void OpenRestartManagementNetwork(MenuContext& context) {

@@ -76,7 +76,7 @@ const std::vector<MenuRow>& MenuTable() {
         {TextId::ConfigurePassword,            nullptr,        nullptr,      PasswordBody,   0,                                kFooterChange,   OpenPasswordChange},
         {TextId::ConfigureLockdownMode,        nullptr,        Lockdown,     LockdownBody,   0,                                kFooterLockdown, OpenLockdown},
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ConfigureManagementNetwork,   nullptr,        Management,   ManagementBody, 0,                                kFooterMore,     nullptr},
+        {TextId::ConfigureManagementNetwork,   nullptr,        Management,   ManagementBody, 0,                                kFooterMore,     OpenNetworkWindow},
         {TextId::RestartManagementNetwork,     nullptr,        Management,   nullptr,        TextId::RestartNetworkPaneHelp,   kFooterRestart,  OpenRestartManagementNetwork},
         {TextId::TestManagementNetwork,        nullptr,        Management,   nullptr,        TextId::TestNetworkPaneHelp,      kFooterRunTest,  nullptr},
         // The same "Restart" words as the restart entry, on purpose.

@@ -41,6 +41,7 @@ const MenuRow* FindMenuRow(unsigned id);
 // The tasks behind the entries (MenuActions.cpp).
 void OpenPasswordChange(MenuContext& context);
 void OpenLockdown(MenuContext& context);
+void OpenNetworkWindow(MenuContext& context);
 void OpenRestartManagementNetwork(MenuContext& context);
 void OpenKeyboard(MenuContext& context);
 
