@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <chrono>
 #include <cstring>
+#include <sys/wait.h>
 
 namespace {
 
@@ -66,6 +68,9 @@ TEST(RunProcess, ExitCodesSignalsAndTimeouts) {
         EXPECT_GE(elapsed, std::chrono::milliseconds(c.minMs));
         EXPECT_LT(elapsed, std::chrono::seconds(5));
         EXPECT_EQ(host.LogMessages(), c.log);
+        errno = 0;
+        EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child left unreaped";
+        EXPECT_EQ(errno, ECHILD);
     }
     TempHost host;
     const char* argv[] = {"missing", nullptr};
@@ -84,6 +89,31 @@ TEST(RunProcess, CapturesAtMostCapacityAndFeedsStdin) {
     EXPECT_EQ(RunChild(host, "cat", 0, "line one\nline two\n").out, "line one\nline two\n");
     // Far more input than a pipe holds, to a child that never reads it: the caller survives the closed pipe.
     EXPECT_EQ(RunChild(host, "exit 5", 0, std::string(1 << 20, 'x'), false).rc, 5);
+}
+
+// Output is read while the child runs: far more than a pipe holds neither blocks the child until the
+// time-out nor changes what is kept.
+TEST(RunProcess, ChildWritingMoreThanAPipeHoldsFinishes) {
+    TempHost host;
+    const std::string flood =
+        "head -c 1000000 /dev/zero | tr '\\0' o; head -c 1000000 /dev/zero | tr '\\0' e >&2";
+    for (bool capture : {true, false}) {
+        SCOPED_TRACE(capture ? "captured" : "not captured");
+        auto start = Clock::now();
+        Outcome o = RunChild(host, flood + "; exit 3", 4, "", capture);
+        EXPECT_EQ(o.rc, 3);
+        EXPECT_LT(Clock::now() - start, std::chrono::seconds(3));
+        if (capture) {
+            EXPECT_EQ(o.out, std::string(255, 'o'));
+            EXPECT_EQ(o.err, std::string(255, 'e'));
+        }
+    }
+    // Input and output at once: a child echoing a megabyte while it is still being fed.
+    const std::string input = std::string(1 << 20, 'i');
+    Outcome echo = RunChild(host, "cat", 4, input);
+    EXPECT_EQ(echo.rc, 0);
+    EXPECT_EQ(echo.out, input.substr(0, 255));
+    EXPECT_TRUE(host.LogMessages().empty());
 }
 
 TEST(RunProcess, ChildGetsOnlyPythonHomeAndThreeDescriptors) {
