@@ -76,10 +76,7 @@ struct CursorShown {
 } // namespace
 
 void ClearPasswordField(InputItem& field) {
-    // The field's own buffer is wiped, not a copy of it.
-    std::string& value = const_cast<std::string&>(field.Value());
-    explicit_bzero(value.data(), value.size());
-    field.SetValue("");
+    field.Wipe();
 }
 
 bool LoginAllowed() {

@@ -1,6 +1,8 @@
 // Password dialog key rules and submit checks.
 #include "screens/PasswordModel.h"
 
+#include "ui/InputItem.h"
+
 #include "core/Keys.h"
 #include "ui/TextIds.h"
 
@@ -55,8 +57,7 @@ unsigned NewPasswordMessage(NewPasswordCheck check) {
 }
 
 void WipePassword(std::string& password) {
-    explicit_bzero(password.data(), password.size());
-    password.clear();
+    WipeText(password);
 }
 
 } // namespace Tarn

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <curses.h>
 
 namespace Tarn {
@@ -17,13 +18,32 @@ int Size(const std::string& s) {
 }
 
 void Clear(FieldState& state) {
-    state.value.clear();
+    WipeText(state.value);
     state.cursor = 0;
     state.offset = 0;
     state.fresh = false;
 }
 
+// Inserts without leaving a copy behind: a string that has to grow is moved by hand into a larger buffer and
+// the old one is wiped before it is freed.
+void InsertChar(std::string& value, size_t at, char c) {
+    if (value.size() == value.capacity()) {
+        std::string larger;
+        larger.reserve(value.capacity() * 2 + 1);
+        larger = value;
+        WipeText(value);
+        value.swap(larger);
+    }
+    value.insert(at, 1, c);
+}
+
 } // namespace
+
+void WipeText(std::string& text) {
+    // The whole buffer: characters erased earlier may still stand past the end.
+    explicit_bzero(text.data(), text.capacity());
+    text.clear();
+}
 
 bool EditField(FieldState& state, int key) {
     switch (key) {
@@ -71,12 +91,11 @@ bool EditField(FieldState& state, int key) {
     if (key < 0 || key > 255 || !std::isprint(key))
         return false;
     if (state.fresh) {
-        state.value.assign(1, static_cast<char>(key));
+        Clear(state);
+        state.value.push_back(static_cast<char>(key));
         state.cursor = 0;
-        state.offset = 0;
-        state.fresh = false;
     } else {
-        state.value.insert(static_cast<size_t>(state.cursor), 1, static_cast<char>(key));
+        InsertChar(state.value, static_cast<size_t>(state.cursor), static_cast<char>(key));
     }
     ++state.cursor;
     return true;
@@ -119,7 +138,12 @@ InputItem::InputItem(std::string label, const std::string& value, int fieldWidth
     SetValue(value);
 }
 
+InputItem::~InputItem() {
+    WipeText(state_.value);
+}
+
 void InputItem::SetValue(const std::string& value) {
+    WipeText(state_.value);
     state_.value = value;
     state_.cursor = Size(value);
     state_.offset = 0;

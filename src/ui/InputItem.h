@@ -18,7 +18,12 @@ struct FieldState {
     bool fresh = true;
 };
 
-// Applies one key (curses key code); false when the key is not an editing key.
+// Zeroes the whole buffer of `text` (its capacity, not only its size) and empties it. Every value a field
+// drops goes through it: a field may hold a password.
+void WipeText(std::string& text);
+
+// Applies one key (curses key code); false when the key is not an editing key. No edit leaves a copy of
+// the value behind in memory.
 bool EditField(FieldState& state, int key);
 
 // The field width in cells: `fieldWidth`, or half of the row width minus 1 when it is -1.
@@ -38,6 +43,7 @@ class InputItem : public Item {
 public:
     InputItem(std::string label, const std::string& value, int fieldWidth,
               FieldFilter filter = FieldFilter::Text);
+    ~InputItem() override;
 
     void FocusChanged() override { state_.fresh = true; }
     // Builds the field line into the row and moves the terminal cursor into the field.
@@ -47,8 +53,10 @@ public:
     bool OnKey(int key) override { return FieldAccepts(filter_, key) && HandleKey(key); }
     FieldFilter Filter() const { return filter_; }
 
-    // Cursor at the end, offset 0, fresh again.
+    // Cursor at the end, offset 0, fresh again. The old value is wiped.
     void SetValue(const std::string& value);
+    // Wipes the value and leaves the field empty.
+    void Wipe() { SetValue(""); }
     const std::string& Value() const { return state_.value; }
     const std::string& Label() const { return label_; }
     void SetPassword(bool password) { password_ = password; }

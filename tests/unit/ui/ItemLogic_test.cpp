@@ -113,6 +113,30 @@ TEST(FieldEditing, Keys) {
     }
 }
 
+// Nothing a field drops stays in its buffer: it may have held a password.
+TEST(FieldEditing, DroppedCharactersAreWiped) {
+    // Past the short-string size, so the buffer is a heap block of its own.
+    const std::string secret = "Kq9Vb7Rt-Kq9Vb7Rt-Kq9Vb7Rt";
+    const auto leftOver = [](const std::string& value) {
+        std::string rest(value.data() + value.size(), value.capacity() - value.size());
+        return rest.find_first_not_of('\0') == std::string::npos ? std::string() : rest;
+    };
+    for (int key : {KEY_BACKSPACE, KEY_DC, int('x')}) {
+        SCOPED_TRACE(key);
+        FieldState state{secret, static_cast<int>(secret.size()), 0, true};
+        ASSERT_TRUE(EditField(state, key));
+        EXPECT_EQ(leftOver(state.value), "");
+    }
+    InputItem field("Password:", secret, 20);
+    const std::string& value = field.Value();
+    field.Wipe();
+    EXPECT_EQ(value, "");
+    EXPECT_EQ(leftOver(value), "");
+    field.SetValue(secret);
+    field.SetValue("ab");
+    EXPECT_EQ(leftOver(value), "");
+}
+
 TEST(FieldLine, Text) {
     const struct {
         const char* label;
