@@ -24,7 +24,7 @@ void Wipe(std::string& text) {
 class State {
 public:
     explicit State(SimHost::Json json) : json_(std::move(json)) {}
-    ~State() { WipePasswords(json_); }
+    ~State() { SimHost::WipePasswords(json_); }
     State(const State&) = delete;
     State& operator=(const State&) = delete;
 
@@ -36,17 +36,6 @@ public:
             if (user.is_object() && user.value("name", std::string()) == name)
                 return &user;
         return nullptr;
-    }
-
-    static void WipePasswords(SimHost::Json& json) {
-        auto users = json.find("users");
-        if (users == json.end() || !users->is_array())
-            return;
-        for (auto& user : *users) {
-            auto password = user.find("password");
-            if (password != user.end() && password->is_string())
-                Wipe(password->get_ref<std::string&>());
-        }
     }
 
 private:

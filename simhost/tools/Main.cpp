@@ -122,6 +122,8 @@ int main(int argc, char** argv) {
         return handler->second(call);
     } catch (const SimHost::StoreError& e) {
         return Complain(call, e.what());
+    } catch (const SimHost::Json::exception& e) {
+        return Complain(call, SimHost::InvalidState(call.dir, e.what()));
     } catch (const std::exception& e) {
         return Complain(call, std::string("unexpected state: ") + e.what());
     }

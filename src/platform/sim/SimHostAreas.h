@@ -4,6 +4,7 @@
 
 #include "platform/HostBackends.h"
 #include "platform/HostCtlException.h"
+#include "platform/HostRoot.h"
 #include "platform/sim/SimState.h"
 
 #include <string>
@@ -24,7 +25,7 @@ template <typename Fn> auto ReadState(Fn&& read) -> decltype(read(std::declval<c
     try {
         return read(*state);
     } catch (const nlohmann::json::exception& e) {
-        throw HostCtl::Lib::HostCtlException(std::string("simulated host: ") + e.what());
+        throw HostCtl::Lib::HostCtlException(SimHost::InvalidState(HostRoot(), e.what()));
     }
 }
 

@@ -2,6 +2,7 @@
 #include "platform/sim/SimNetworkJson.h"
 
 #include "platform/HostCtlException.h"
+#include "platform/HostRoot.h"
 
 namespace Platform::Sim {
 namespace {
@@ -14,7 +15,8 @@ int ScopeFromName(const std::string& name) {
     for (int i = 0; i < 4; ++i)
         if (name == kScopes[i])
             return i;
-    throw HostCtl::Lib::HostCtlException("simulated host: unknown IPv6 scope '" + name + "'");
+    throw HostCtl::Lib::HostCtlException(
+        SimHost::InvalidState(HostRoot(), "unknown IPv6 scope '" + name + "'"));
 }
 
 // Unset addresses are stored as "" or as the all-zero text; both read as unset.
@@ -50,7 +52,7 @@ template <typename F> auto Guarded(F&& parse) -> decltype(parse()) {
     try {
         return parse();
     } catch (const nlohmann::json::exception& e) {
-        throw HostCtl::Lib::HostCtlException(std::string("simulated host: ") + e.what());
+        throw HostCtl::Lib::HostCtlException(SimHost::InvalidState(HostRoot(), e.what()));
     }
 }
 

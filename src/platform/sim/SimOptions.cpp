@@ -1,6 +1,7 @@
 // Simulated host: advanced options ("advancedOptions": path -> {type, value}) and user advanced options
 // ("userOptions", same shape) in host.json.
 #include "platform/HostCtlException.h"
+#include "platform/HostRoot.h"
 #include "platform/sim/SimHostAreas.h"
 
 namespace Platform::Sim {
@@ -17,7 +18,8 @@ OptionValue ToValue(const std::string& path, const Json& option) {
         return value.get<std::string>();
     if (type == "bool")
         return value.get<bool>();
-    throw HostCtlException("simulated host: advanced option " + path + " has unknown type '" + type + "'");
+    throw HostCtlException(SimHost::InvalidState(
+        Platform::HostRoot(), "advanced option " + path + " has unknown type '" + type + "'"));
 }
 
 class SimOptions : public OptionBackend {

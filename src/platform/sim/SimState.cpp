@@ -43,7 +43,10 @@ std::shared_ptr<const Json> Load() {
     if (known && SameFile(gCache, path, st))
         return gCache.state;
     try {
-        auto state = std::make_shared<const Json>(SimHost::Load(HostRoot()));
+        // The console never reads the user database; the PAM module reads it on its own and wipes it.
+        Json loaded = SimHost::Load(HostRoot());
+        SimHost::DropUsers(loaded);
+        auto state = std::make_shared<const Json>(std::move(loaded));
         // Keyed by what was seen before the read: a change in between only costs one more read later.
         if (known)
             gCache = {path, st.st_dev, st.st_ino, st.st_mtim, st.st_size, state};
@@ -60,11 +63,11 @@ Json Change(const std::function<void(Json&)>& change) {
         gCache.size = -1;
     }
     try {
-        return SimHost::Transact(HostRoot(), change);
+        Json stored = SimHost::Transact(HostRoot(), change);
+        SimHost::DropUsers(stored);
+        return stored;
     } catch (const SimHost::StoreError& e) {
         throw HostCtl::Lib::HostCtlException(e.what());
-    } catch (const nlohmann::json::exception& e) {
-        throw HostCtl::Lib::HostCtlException(std::string("simulated host: ") + e.what());
     }
 }
 
@@ -98,7 +101,8 @@ void Announce(const std::vector<std::string>& operation) {
 const Json& At(const Json& state, const char* pointer) {
     Json::json_pointer ptr(pointer);
     if (!state.contains(ptr))
-        throw HostCtl::Lib::HostCtlException(std::string("simulated host: missing ") + pointer);
+        throw HostCtl::Lib::HostCtlException(
+            SimHost::InvalidState(HostRoot(), std::string("missing ") + pointer));
     return state.at(ptr);
 }
 

@@ -27,7 +27,7 @@ Json Operate(const std::vector<std::string>& operation, const std::function<void
 void Announce(const std::vector<std::string>& operation);
 
 // Reads `pointer` (a JSON pointer such as "/dns/hostname") from a state, throwing HostCtlException
-// "simulated host: missing <pointer>" when it is absent.
+// "invalid simulated host state <file>: missing <pointer>" when it is absent.
 const Json& At(const Json& state, const char* pointer);
 
 } // namespace Platform::Sim

@@ -1,5 +1,6 @@
-// Store: concurrent writers never lose a change, a killed writer never leaves a broken state, and a
-// missing or corrupt state file is an error that names the file (library and CLI).
+// Store: concurrent writers never lose a change, a killed writer never leaves a broken state or a stray temp
+// file, the state is private yet readable without write permission, and a missing, corrupt or wrongly typed
+// state file is an error that names the file (library and CLI).
 #include "simhost/model/Store.h"
 #include "SimHostTesting.h"
 
@@ -9,6 +10,7 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <grp.h>
 #include <random>
 #include <thread>
 
@@ -81,6 +83,70 @@ TEST(SimHostStore, WriterKilledMidChangeLeavesPreviousValidState) {
         last = s["n"].get<int>();
     }
     EXPECT_GT(last, 0);
+    // The killed writers' temp files go with the next change.
+    SimHost::Transact(dir, [](Json& s) { s["n"] = 0; });
+    for (const auto& entry : std::filesystem::directory_iterator(dir + "/etc/simhost"))
+        EXPECT_EQ(entry.path().filename().string().find(".tmp."), std::string::npos) << entry.path();
+}
+
+// The state holds passwords: only its owner reads it. A reader without write permission still can, with
+// or without a lock file to share.
+TEST(SimHostStore, StateIsPrivateAndReadableWithoutWritePermission) {
+    TempDir tmp;
+    std::string dir = NewStore(tmp, {{"n", 1}});
+    SimHost::Transact(dir, [](Json& s) { s["n"] = 2; });
+    for (const char* file : {"host.json", "host.json.lock"})
+        EXPECT_EQ(std::filesystem::status(dir + "/etc/simhost/" + file).permissions() &
+                      std::filesystem::perms::all,
+                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_write)
+            << file;
+    if (geteuid() != 0)
+        GTEST_SKIP() << "needs root to read as another user";
+    // Opened up for the other user here; only reading is granted.
+    namespace fs = std::filesystem;
+    for (const std::string& path : {dir, dir + "/etc", dir + "/etc/simhost"})
+        fs::permissions(path, fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    for (bool lockFile : {true, false}) {
+        SCOPED_TRACE(lockFile ? "lock file present" : "no lock file");
+        fs::permissions(dir + "/etc/simhost/host.json", fs::perms::others_read, fs::perm_options::add);
+        if (lockFile)
+            fs::permissions(dir + "/etc/simhost/host.json.lock", fs::perms::others_read,
+                            fs::perm_options::add);
+        else
+            fs::remove(dir + "/etc/simhost/host.json.lock");
+        pid_t child = fork();
+        if (child == 0) {
+            if (setgroups(0, nullptr) != 0 || setgid(65534) != 0 || setuid(65534) != 0)
+                _exit(3);
+            try {
+                _exit(SimHost::Load(dir)["n"] == 2 ? 0 : 1);
+            } catch (const std::exception& e) {
+                fprintf(stderr, "%s\n", e.what());
+                _exit(2);
+            }
+        }
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "exit " << WEXITSTATUS(status);
+    }
+}
+
+TEST(SimHostStore, WronglyTypedStateNamesTheFile) {
+    TempDir tmp;
+    std::string dir = NewStore(tmp, {{"power", 5}});
+    const std::string path = SimHost::StatePath(dir);
+    try {
+        SimHost::Transact(dir, [](Json& s) { s["power"]["state"] = "off"; });
+        ADD_FAILURE() << "a number took a member";
+    } catch (const SimHost::StoreError& e) {
+        EXPECT_NE(std::string(e.what()).find(path), std::string::npos) << e.what();
+    }
+    EXPECT_EQ(SimHost::Load(dir)["power"], 5) << "nothing written";
+    for (const char* command : {"power", "power-on"}) {
+        Result r = RunProgram(BuildDir() + "/simhost", {"simhost", command, dir});
+        EXPECT_EQ(r.code, 1) << command;
+        EXPECT_NE(r.err.find("invalid simulated host state " + path), std::string::npos) << r.err;
+    }
 }
 
 TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
@@ -110,6 +176,26 @@ TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
         EXPECT_NE(shown.code, 0);
         EXPECT_NE(shown.err.find(path), std::string::npos) << shown.err;
     }
+}
+
+TEST(SimHostCli, HelpAndInitRefusingAnExistingHostWithoutForce) {
+    const std::string simhost = BuildDir() + "/simhost";
+    Result help = RunProgram(simhost, {"simhost", "--help"});
+    EXPECT_EQ(help.code, 0);
+    EXPECT_NE(help.out.find("usage: simhost init DIR"), std::string::npos) << help.out;
+    EXPECT_TRUE(help.err.empty());
+
+    TempDir tmp;
+    const std::string dir = tmp.Path() + "/h";
+    ASSERT_EQ(RunProgram(simhost, {"simhost", "init", dir}).code, 0);
+    SimHost::Transact(dir, [](Json& s) { s["marker"] = true; });
+    Result again = RunProgram(simhost, {"simhost", "init", dir, "--scenario", "dhcp"});
+    EXPECT_EQ(again.code, 1);
+    EXPECT_NE(again.err.find("--force"), std::string::npos) << again.err;
+    EXPECT_TRUE(SimHost::Load(dir).contains("marker")) << "the host was kept";
+    EXPECT_EQ(RunProgram(simhost, {"simhost", "init", dir, "--force", "--scenario", "dhcp"}).code, 0);
+    EXPECT_FALSE(SimHost::Load(dir).contains("marker")) << "re-initialised on request";
+    EXPECT_EQ(RunProgram(simhost, {"simhost", "init", dir, "--force", "--force"}).code, 2);
 }
 
 } // namespace
