@@ -45,7 +45,7 @@ void WipeText(std::string& text) {
     text.clear();
 }
 
-bool EditField(FieldState& state, int key) {
+bool EditField(FieldState& state, int key, bool password) {
     switch (key) {
     case KEY_HOME:
         state.cursor = 0;
@@ -88,7 +88,7 @@ bool EditField(FieldState& state, int key) {
     default:
         break;
     }
-    if (key < 0 || key > 255 || !std::isprint(key))
+    if (key < 0 || key > 255 || !std::isprint(key) || (key == '{' && !password))
         return false;
     if (state.fresh) {
         Clear(state);

@@ -23,8 +23,9 @@ struct FieldState {
 void WipeText(std::string& text);
 
 // Applies one key (curses key code); false when the key is not an editing key. No edit leaves a copy of
-// the value behind in memory.
-bool EditField(FieldState& state, int key);
+// the value behind in memory. A shown field refuses '{': it would open a tag in the field's markup and hide
+// the rest of the line; a masked one shows it as '*'.
+bool EditField(FieldState& state, int key, bool password = false);
 
 // The field width in cells: `fieldWidth`, or half of the row width minus 1 when it is -1.
 int EffectiveFieldWidth(int rowWidth, int fieldWidth);
@@ -48,7 +49,7 @@ public:
     void FocusChanged() override { state_.fresh = true; }
     // Builds the field line into the row and moves the terminal cursor into the field.
     void Render(TextArea& row) override;
-    bool HandleKey(int key) { return EditField(state_, key); }
+    bool HandleKey(int key) { return EditField(state_, key, password_); }
     // Editing keys, and the characters the field's filter lets in.
     bool OnKey(int key) override { return FieldAccepts(filter_, key) && HandleKey(key); }
     FieldFilter Filter() const { return filter_; }

@@ -100,6 +100,7 @@ TEST(FieldEditing, Keys) {
         {"Down is not taken", edited, {KEY_DOWN}, "abc", 1, false},
         {"Escape, F2 and Up are ignored", edited, {27, KEY_F(2), KEY_UP}, "abc", 1, false},
         {"End on an empty value", FieldState{"", 0, 0, true}, {KEY_END, 'a'}, "a", 1, true},
+        {"a shown field refuses a brace", edited, {'{'}, "abc", 1, false},
     };
     for (const auto& c : cases) {
         FieldState s = c.start;
@@ -111,6 +112,9 @@ TEST(FieldEditing, Keys) {
         EXPECT_FALSE(s.fresh) << c.name;
         EXPECT_EQ(taken, c.lastTaken) << c.name;
     }
+    FieldState masked = edited;
+    EXPECT_TRUE(EditField(masked, '{', true));
+    EXPECT_EQ(masked.value, "a{bc");
 }
 
 // Nothing a field drops stays in its buffer: it may have held a password.
