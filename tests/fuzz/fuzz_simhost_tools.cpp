@@ -1,0 +1,83 @@
+// The simulated host's tools under any argument vector: each call ends with an exit code, its failures as
+// the tool's own StoreError or std::exception (which the tool's main turns into a message), never a crash.
+// Every input starts from the default scenario's state in a private host directory.
+#include "simhost/model/Scenarios.h"
+#include "simhost/model/Store.h"
+#include "simhost/tools/Tool.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+namespace {
+
+using namespace SimHost::Tools;
+
+const std::pair<const char*, Handler> kTools[] = {
+    {"kelp-cmd", KelpCmd},
+    {"corlacli", CorlaCli},
+    {"corlacfg-advcfg", AdvCfg},
+    {"haltGuests", HaltGuests},
+    {"reboot", Reboot},
+    {"poweroff", Poweroff},
+    {"tesping", Tesping},
+    {"svcctl.sh", SvcCtl},
+    {"cfgsave.sh", CfgSave},
+    {"resetCfg.py", ResetCfg},
+    {"SSH", InitScript},
+    {"tesbacktrace", TesBacktrace},
+    {"bryncfg-kswitch", BrynCfgKswitch},
+};
+
+std::string gDir;
+SimHost::Json gInitial;
+
+void RemoveHost() {
+    std::error_code ec;
+    std::filesystem::remove_all(gDir, ec);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    // tmpfs when there is one: every call fsyncs the state.
+    std::string base = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
+    std::string pattern = base + "/fuzz-simhost-XXXXXX";
+    gDir = mkdtemp(pattern.data());
+    std::filesystem::create_directories(gDir + "/etc/simhost");
+    std::filesystem::create_directories(gDir + "/var/log");
+    gInitial = SimHost::ScenarioState("default");
+    std::atexit(RemoveHost);
+    // The tools print like their real counterparts; libFuzzer reports on standard error.
+    int null = open("/dev/null", O_WRONLY);
+    dup2(null, STDOUT_FILENO);
+    close(null);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    if (size < 1 || size > 512)
+        return 0;
+    const auto& tool = kTools[data[0] % std::size(kTools)];
+    Call call{gDir, tool.first, {}};
+    std::string word;
+    for (size_t i = 1; i < size; ++i) {
+        if (data[i] == '\n') {
+            call.args.push_back(word);
+            word.clear();
+        } else {
+            word += static_cast<char>(data[i]);
+        }
+    }
+    call.args.push_back(word);
+    SimHost::Save(gDir, gInitial);
+    try {
+        tool.second(call);
+    } catch (const std::exception&) {
+    }
+    return 0;
+}
