@@ -22,15 +22,19 @@ function(tarn_library name)
   endif()
 endfunction()
 
-# tarn_test(NAME DIR <dir> LIBS <targets...>): one GoogleTest program per folder of tests, on a main that
-# fails the run when code under test calls exit().
+# tarn_test(NAME DIR <dir> LIBS <targets...> [THREADS]): one GoogleTest program per folder of tests, on a main
+# that fails the run when code under test calls exit(). THREADS labels it "threads": scripts/check runs the
+# programs with that label under ThreadSanitizer.
 function(tarn_test name)
-  cmake_parse_arguments(ARG "" "DIR" "LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "THREADS" "DIR" "LIBS" ${ARGN})
   file(GLOB files CONFIGURE_DEPENDS ${ARG_DIR}/*.cpp)
   if(files)
     add_executable(${name} ${files})
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} tarn_test_main)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "TARN_BUILD_DIR=${CMAKE_BINARY_DIR}")
+    if(ARG_THREADS)
+      set_tests_properties(${name} PROPERTIES LABELS threads)
+    endif()
   endif()
 endfunction()

@@ -5,10 +5,14 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
+#include <fstream>
+#include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sstream>
 #include <stdexcept>
 #include <sys/ioctl.h>
 #include <sys/syscall.h>
@@ -53,6 +57,20 @@ std::vector<std::string> BuildEnvironment(const LaunchOptions& o) {
     _exit(127);
 }
 
+// A sanitizer build writes the console's reports to TARN_SANITIZER_LOG.<pid>: its standard error is the
+// screen, which the console silences.
+void CheckSanitizerReport(pid_t pid) {
+    const char* prefix = std::getenv("TARN_SANITIZER_LOG");
+    if (prefix == nullptr || pid <= 0)
+        return;
+    std::ifstream in(std::string(prefix) + "." + std::to_string(pid));
+    if (!in)
+        return;
+    std::stringstream report;
+    report << in.rdbuf();
+    ADD_FAILURE() << "sanitizer report of " << pid << ":\n" << report.str();
+}
+
 int PollMs(Clock::duration d) {
     auto ms = std::chrono::ceil<std::chrono::milliseconds>(d).count();
     return ms < 0 ? 0 : int(std::min<long long>(ms, 1000 * 60));
@@ -91,6 +109,7 @@ Terminal::~Terminal() {
         kill(pid_, SIGKILL);
         Reap(true);
     }
+    CheckSanitizerReport(pid_);
     if (pidfd_ >= 0)
         close(pidfd_);
     if (master_ >= 0)
