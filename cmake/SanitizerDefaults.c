@@ -1,7 +1,8 @@
 /* Linked into every program of a sanitizer build: reports go to files under TARN_SANITIZER_LOG (the console
    silences its standard error, and children start with an environment of their own), and the first error
    ends the program. */
-#define TARN_SANITIZER_COMMON "log_path=" TARN_SANITIZER_LOG ":halt_on_error=1:abort_on_error=1:print_stacktrace=1"
+#define TARN_SANITIZER_COMMON                                                                                \
+    "log_path=" TARN_SANITIZER_LOG ":halt_on_error=1:abort_on_error=1:print_stacktrace=1"
 
 const char* __asan_default_options(void) {
     return TARN_SANITIZER_COMMON ":detect_stack_use_after_return=1";
