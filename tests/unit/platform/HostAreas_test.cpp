@@ -86,9 +86,10 @@ TEST_F(HostAreasTest, HasUserOption) {
         {Json::object(), true, "OtherOption", false}};
     for (const auto& [userOptions, pxeBoot, query, expected] : cases) {
         SCOPED_TRACE(userOptions.dump() + (pxeBoot ? " pxe " : " ") + query);
-        host_.ChangeState([&](Json& s) {
-            s["userOptions"] = userOptions;
-            s["system"]["pxeBootEnabled"] = pxeBoot;
+        // clang 14 cannot capture structured bindings.
+        host_.ChangeState([&, &options = userOptions, pxeFlag = pxeBoot](Json& s) {
+            s["userOptions"] = options;
+            s["system"]["pxeBootEnabled"] = pxeFlag;
         });
         EXPECT_EQ(TesCtl::Adv::UserAdvancedOptionImpl().HasUserOption(query), expected);
     }
