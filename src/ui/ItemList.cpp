@@ -96,6 +96,8 @@ void ItemList::Draw(bool active) {
 }
 
 void ItemList::DrawRow(int row) {
+    if (row < 0 || row >= static_cast<int>(rowWindows_.size()))
+        return; // not in view: a list squeezed to no rows has nothing to draw
     Window* rowWindow = rowWindows_[static_cast<size_t>(row)];
     TextArea* text = rowTexts_[static_cast<size_t>(row)];
     const size_t index = static_cast<size_t>(navigation_.TopIndex() + row);

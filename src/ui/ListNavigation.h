@@ -24,7 +24,11 @@ public:
     int Rows() const { return rows_; }
     int FocusIndex() const { return focus_; }
     int TopIndex() const { return top_; }
-    int FocusRow() const { return focus_ < 0 ? -1 : focus_ - top_; }
+    // The visible row of the focused entry; -1 when there is none or it is not in view (a list without rows).
+    int FocusRow() const {
+        const int row = focus_ - top_;
+        return focus_ >= 0 && row >= 0 && row < rows_ ? row : -1;
+    }
     int Ordinal() const { return ordinal_; }
 
     // Whether `count` entries need a scroll bar, and the row of its thumb.

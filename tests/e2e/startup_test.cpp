@@ -130,6 +130,25 @@ TEST(Lifecycle, FatalSignalsEndByThatSignalAndRestoreTheTerminal) {
     }
 }
 
+// The smallest terminals may show nothing useful, but the console lives on through a login and the menu.
+TEST(Lifecycle, NoTerminalSizeCrashesTheConsole) {
+    for (auto [rows, cols] : std::vector<std::pair<int, int>>{{1, 1}, {2, 2}, {3, 12}, {6, 30}, {12, 50}}) {
+        SCOPED_TRACE(std::to_string(cols) + "x" + std::to_string(rows));
+        Console c({.rows = rows, .cols = cols});
+        for (const char* key :
+             {"F2", "Enter", "Enter", "Down", "Down", "Enter", "Esc", "Esc", "F12", "Esc"}) {
+            c->WaitQuiet(150ms);
+            c->Key(key);
+        }
+        c->WaitQuiet(150ms);
+        ASSERT_TRUE(c->Running()) << (c->Exit() ? c->Exit()->Describe() : "");
+        c->Signal(SIGTERM);
+        auto status = c->WaitExit();
+        ASSERT_TRUE(status);
+        EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
+    }
+}
+
 // Questions and unusable settings are answered on the terminal; none of them starts the console.
 TEST(CommandLine, HelpVersionAndUnusableSettingsAnswerOnTheTerminal) {
     const struct {

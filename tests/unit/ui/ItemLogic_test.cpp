@@ -39,6 +39,10 @@ TEST(ListNavigationTest, FocusOrdinalAndTop) {
         {"up above a heading leaves it above the top", {H, E, E, E, E}, 2, "ddduuu", 1, 0, 1, true},
         {"nothing enabled: no focus", {H, D}, 3, "du", -1, 0, 0, false},
         {"long heading block starts scrolled", {H, H, H, E}, 2, "", 3, 0, 2, false},
+        // A window squeezed so far that the list has no rows: the focus moves, no row shows it.
+        {"no rows", {E, E}, 0, "", 0, 0, 0, false},
+        {"no rows, down", {E, E}, 0, "d", 1, 1, 2, true},
+        {"no rows, down and up", {E, E}, 0, "du", 0, 0, 0, true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -50,9 +54,11 @@ TEST(ListNavigationTest, FocusOrdinalAndTop) {
         EXPECT_EQ((std::vector<int>{n.FocusIndex(), n.Ordinal(), n.TopIndex()}),
                   (std::vector<int>{c.focus, c.ordinal, c.top}));
         EXPECT_EQ(moved, c.lastMoved);
-        if (n.FocusIndex() >= 0) {
+        if (n.FocusIndex() >= 0 && c.rows > 0) {
             EXPECT_GE(n.FocusRow(), 0);
             EXPECT_LT(n.FocusRow(), c.rows);
+        } else {
+            EXPECT_EQ(n.FocusRow(), -1) << "no row to draw the focus in";
         }
     }
 }
