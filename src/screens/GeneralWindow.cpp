@@ -31,6 +31,7 @@ namespace Tarn {
 namespace {} // namespace
 
 GeneralWindow::GeneralWindow(Frame* parent) : ListSummaryWindow(parent) {
+    SetHeading(Text(TextId::SystemCustomization));
     ReadLockdown();
     ReadManagement();
     ReadHostFacts();

@@ -260,8 +260,11 @@ RootWindow::RootWindow(Frame* parentFrame)
     if (win_ != nullptr)
         werase(win_);
     // Left: the list of tasks on amber inside a dark frame; right: title, description and key hints.
-    const int leftWidth = std::max(width_ * 2 / 5, 0);
+    // Two fifths, but never narrower than the longest task name needs (36 columns: a Linux console's 80
+    // columns are just enough) unless that would take more than half the screen.
+    const int leftWidth = std::max({width_ * 2 / 5, std::min(36, width_ / 2), 0});
     left_ = new Window(this, 0, 0, leftWidth, height_, Color::PaneBackground, Color::Text);
+    heading_ = new TextArea(left_, 2, 0, leftWidth - 4, 1, Color::White, -1);
     list_ = new Window(left_, 2, 1, leftWidth - 4, height_ - 2, Color::ContentBackground, Color::ItemText);
     right_ =
         new Window(this, leftWidth, 0, width_ - leftWidth, height_, Color::ScreenBackground, Color::Text);
@@ -271,6 +274,9 @@ RootWindow::RootWindow(Frame* parentFrame)
     footer_ = new TextArea(right_, 2, height_ - 2, rightWidth - 4, 1, Color::LightGrey, -1);
 }
 
+void RootWindow::SetHeading(const std::string& markup) {
+    heading_->SetText(markup);
+}
 void RootWindow::SetTitle(const std::string& markup) {
     title_->SetText(markup);
 }

@@ -125,6 +125,8 @@ class RootWindow : public Frame {
 public:
     explicit RootWindow(Frame* parentFrame);
 
+    // The window's own name, above the list, so the operator sees where they are.
+    void SetHeading(const std::string& markup);
     void SetTitle(const std::string& markup);
     void SetBody(const std::string& markup);
     void SetFooter(const std::string& markup);
@@ -140,6 +142,7 @@ protected:
     Window* left_ = nullptr;
     Window* list_ = nullptr;
     Window* right_ = nullptr;
+    TextArea* heading_ = nullptr;
     TextArea* title_ = nullptr;
     TextArea* body_ = nullptr;
     TextArea* footer_ = nullptr;

@@ -85,6 +85,19 @@ TEST(Menu, FreshHostSessionsChangeTheEmptyPasswordAndLogOut) {
     EXPECT_EQ(audit.back()["pairs"], (nlohmann::json{{"reason", "Session closed"}}));
 }
 
+// 80x25 is a Linux console's size: there the menu names itself and shows every task name whole.
+TEST(Menu, HeadingAndWholeLabelsAtEightyByTwentyFive) {
+    for (auto [rows, cols] : std::vector<std::pair<int, int>>{{25, 80}, {30, 100}}) {
+        SCOPED_TRACE(std::to_string(cols) + "x" + std::to_string(rows));
+        Console c({.rows = rows, .cols = cols});
+        LogInAsRoot(c);
+        EXPECT_TRUE(c->View().Contains("System Customization")) << c->View().Text();
+        for (const char* label : {"Configure Management Network", "Restart Management Network",
+                                  "Reset System Configuration", "Configure Lockdown Mode"})
+            EXPECT_TRUE(c->View().Contains(label)) << label << "\n" << c->View().Text();
+    }
+}
+
 TEST(Menu, EntriesThatCannotBeChosenAreGreyedAndSkipped) {
     {
         // The management interface goes away while the menu shows: restarting it reports that, and the
