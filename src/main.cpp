@@ -3,10 +3,10 @@
 #include "platform/Backend.h"
 #include "platform/Backends.h"
 #include "screens/WelcomeWindow.h"
+#include "ui/RunWindow.h"
 
 #include <cstdio>
 #include <cstring>
-#include <memory>
 
 namespace {
 constexpr const char* kUsage =
@@ -35,5 +35,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     Platform::ChooseBackends();
-    return Tarn::RunConsole(argc, argv, [] { return std::make_unique<Tarn::WelcomeWindow>(); });
+    return Tarn::RunConsole(argc, argv, [] {
+        Tarn::WelcomeWindow welcome;
+        Tarn::RunWindow(&welcome);
+    });
 }

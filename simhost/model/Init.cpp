@@ -1,7 +1,7 @@
 // Creating a simulated host directory: state, tools, scripts, PAM files, logs and markers.
 #include "simhost/model/Init.h"
 
-#include "platform/TextFile.h"
+#include "common/TextFile.h"
 #include "simhost/model/HostFiles.h"
 #include "simhost/model/Scenarios.h"
 #include "simhost/model/Store.h"
@@ -64,7 +64,7 @@ void Link(const fs::path& target, const fs::path& link) {
 void WriteText(const fs::path& path, const std::string& text, bool executable) {
     MakeDirs(path.parent_path());
     RemoveIfPresent(path); // a hard-linked file must not be rewritten in place
-    if (!Platform::WriteTextFile(path.string(), text))
+    if (!Common::WriteTextFile(path.string(), text))
         throw StoreError("cannot write " + path.string());
     if (executable) {
         std::error_code ec;

@@ -8,8 +8,7 @@
 #include "core/Session.h"
 #include "core/SignalThread.h"
 #include "core/SmartCardWatch.h"
-#include "ui/StandardDialogs.h"
-#include "ui/Window.h"
+#include "core/Surface.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -21,7 +20,7 @@
 namespace Tarn {
 namespace {
 // The innermost frame being run modally; receives the SIGUSR1 notification.
-Frame* gCurrentWindow = nullptr;
+Surface* gCurrentWindow = nullptr;
 
 // A resize always ends the program: the supervisor starts it again at the new size.
 [[noreturn]] void ResizeAndExit() {
@@ -34,11 +33,6 @@ Frame* gCurrentWindow = nullptr;
     exit(0);
 }
 
-int RunNotification(NotificationDialog* dialog) {
-    while (GetKey(dialog, true) != Key::Enter) {
-    }
-    return 1;
-}
 } // namespace
 
 // A terminal that has gone away (hang-up, or input at end of file) reads as "readable" for ever; ending like
@@ -103,7 +97,7 @@ int WaitForInput(const timeval* timeout) {
     return kWaitOther;
 }
 
-int GetKey(Window* window, bool useIdleTimeout) {
+int GetKey(Surface* window, bool useIdleTimeout) {
     IdleDeadline deadline(IdleDeadline::Clock::now(), IdleTimeoutSeconds(), useIdleTimeout);
     for (;;) {
         auto now = IdleDeadline::Clock::now();
@@ -175,40 +169,12 @@ void WaitForHostDown() {
     }
 }
 
-int RunWindow(Frame* frame) {
-    gCurrentWindow = nullptr;
-    Frame* parent = frame->ParentFrame();
-    if (parent != nullptr) {
-        parent->Draw(false);
-        parent->Refresh();
-    }
-    // A plain notification's run is built in; its texts go in before the first draw.
-    auto* notification = frame->HasForeground() ? nullptr : dynamic_cast<NotificationDialog*>(frame);
-    if (notification != nullptr) {
-        notification->SetTitle(notification->TitleText());
-        notification->SetBody(notification->BodyText());
-        notification->SetFooter(kEnterOkFooter);
-    }
-    frame->Draw(true);
-    gCurrentWindow = frame;
+void SetNotifiedSurface(Surface* surface) {
+    gCurrentWindow = surface;
+}
 
-    int result;
-    try {
-        result = notification != nullptr ? RunNotification(notification) : frame->Foreground();
-    } catch (...) {
-        // The frame is going away with the exception (idle time-out, host failure): never notify it again.
-        gCurrentWindow = nullptr;
-        throw;
-    }
-
-    if (parent != nullptr) {
-        parent->Draw(true);
-        parent->Refresh();
-        gCurrentWindow = parent;
-    } else {
-        gCurrentWindow = nullptr;
-    }
-    return result;
+Surface* NotifiedSurface() {
+    return gCurrentWindow;
 }
 
 } // namespace Tarn

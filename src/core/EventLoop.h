@@ -6,16 +6,18 @@
 
 namespace Tarn {
 
-class Frame;
-class Window;
+class Surface;
 
 // Thrown by GetKey when the idle time-out expires; the screen that opened the session logs the user out.
 struct TarnTimeout {};
 
 void StartSignalThread();
 int WaitForInput(const timeval* timeout);
-int GetKey(Window* window, bool useIdleTimeout);
-int RunWindow(Frame* frame);
+// Reads one key for `window`, dimming it while the idle time-out nears; TarnTimeout when it expires.
+int GetKey(Surface* window, bool useIdleTimeout);
+// The surface that receives the SIGUSR1 notification (the innermost one being run); null: none.
+void SetNotifiedSurface(Surface* surface);
+Surface* NotifiedSurface();
 // Blocks without reading keys until a terminating signal (or a resize) ends the process: the host is going
 // down and takes the console with it. Sleeps in poll on the wake-up pipe alone, never spins.
 [[noreturn]] void WaitForHostDown();

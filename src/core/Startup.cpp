@@ -11,7 +11,6 @@
 #include "platform/SysInfo.h"
 #include "platform/Syslog.h"
 #include "platform/SystemInfo.h"
-#include "ui/Window.h"
 
 #include <clocale>
 #include <cstdio>
@@ -102,17 +101,16 @@ void SetLocale() {
         std::setlocale(LC_CTYPE, "C.UTF-8");
 }
 
-void RunRoot(const RootFrameFactory& makeRoot) {
+void RunRoot(const RootRunner& runRoot) {
     try {
-        std::unique_ptr<Frame> root = makeRoot();
-        RunWindow(root.get());
+        runRoot();
     } catch (const HostCtl::Lib::HostCtlException& e) {
         Log(LOG_ERR, "TARN aborted by exception: %s", e.what());
     }
 }
 } // namespace
 
-int RunConsole(int argc, char** argv, const RootFrameFactory& makeRoot) {
+int RunConsole(int argc, char** argv, const RootRunner& runRoot) {
     int vt = -1;
     if (argc > 1) {
         vt = ParseVtArgument(argv[1]);
@@ -145,7 +143,7 @@ int RunConsole(int argc, char** argv, const RootFrameFactory& makeRoot) {
     DefineKeys();
     refresh();
     try {
-        RunRoot(makeRoot);
+        RunRoot(runRoot);
     } catch (...) {
         // Not handled here: restore the terminal before the runtime reports it.
         terminal.Release();

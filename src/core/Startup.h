@@ -3,16 +3,13 @@
 #pragma once
 
 #include <functional>
-#include <memory>
 
 namespace Tarn {
 
-class Frame;
-
-// Creates the root frame once curses is set up.
-using RootFrameFactory = std::function<std::unique_ptr<Frame>()>;
+// Builds and runs the root screen once curses is set up; returns when the console is to end.
+using RootRunner = std::function<void()>;
 
 // Everything main does after the host is selected; returns the process exit status.
-int RunConsole(int argc, char** argv, const RootFrameFactory& makeRoot);
+int RunConsole(int argc, char** argv, const RootRunner& runRoot);
 
 } // namespace Tarn

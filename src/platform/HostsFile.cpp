@@ -1,9 +1,9 @@
 // Hosts-file editing; the file is replaced atomically so a reader never sees half of it.
 #include "platform/HostsFile.h"
 
+#include "common/TextFile.h"
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
-#include "platform/TextFile.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -25,7 +25,7 @@ std::string RemoveName(const std::string& line, const std::string& name, bool& c
     auto hash = line.find('#');
     std::string body = line.substr(0, hash);
     std::string comment = hash == std::string::npos ? "" : line.substr(hash);
-    std::vector<std::string> fields = Platform::SplitWords(body);
+    std::vector<std::string> fields = Common::SplitWords(body);
     if (fields.size() < 2)
         return line;
     std::string out = fields[0];
@@ -54,11 +54,11 @@ HostsFile::HostsFile() : path_(Platform::HostPath("/etc/hosts")) {}
 
 bool HostsFile::RemoveEntryByHostName(const std::string& name) {
     std::string text;
-    if (!Platform::ReadTextFile(path_, text))
+    if (!Common::ReadTextFile(path_, text))
         Fail("Cannot read", path_);
     std::string result;
     bool changed = false;
-    for (const std::string& line : Platform::SplitLines(text)) {
+    for (const std::string& line : Common::SplitLines(text)) {
         bool drop = false;
         std::string kept = RemoveName(line, name, changed, drop);
         if (!drop)
@@ -67,7 +67,7 @@ bool HostsFile::RemoveEntryByHostName(const std::string& name) {
     if (!changed)
         return false;
     std::string temp = path_ + ".tmp";
-    if (!Platform::WriteTextFile(temp, result))
+    if (!Common::WriteTextFile(temp, result))
         Fail("Cannot write", temp);
     if (std::rename(temp.c_str(), path_.c_str()) != 0)
         Fail("Cannot replace", path_);

@@ -1,9 +1,9 @@
 // Real host: hardware identity from DMI, CPU facts from /proc/cpuinfo, memory from sysconf; no smart-card
 // or virtual-machine model.
+#include "common/TextFile.h"
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/LinuxHost.h"
-#include "platform/TextFile.h"
 
 #include <set>
 #include <unistd.h>
@@ -15,7 +15,7 @@ using HostCtl::Lib::HostCtlException;
 
 std::string ReadFile(const std::string& path) {
     std::string text;
-    if (!Platform::ReadTextFile(Platform::HostPath(path), text))
+    if (!Common::ReadTextFile(Platform::HostPath(path), text))
         throw HostCtlException("cannot read " + path);
     return text;
 }

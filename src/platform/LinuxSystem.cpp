@@ -1,9 +1,9 @@
 // Real host: the version record from os-release and uname; welcome message, alerts, keyboard layouts,
 // advanced options and firewall rulesets have no cheap Linux counterpart and are reported as unavailable.
+#include "common/TextFile.h"
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/LinuxHost.h"
-#include "platform/TextFile.h"
 
 #include <sys/utsname.h>
 
@@ -22,7 +22,7 @@ class LinuxSystem : public SystemBackend {
 public:
     SystemVersion Version() override {
         std::string text;
-        if (!Platform::ReadTextFile(Platform::HostPath("/etc/os-release"), text))
+        if (!Common::ReadTextFile(Platform::HostPath("/etc/os-release"), text))
             text.clear();
         OsRelease os = ParseOsRelease(text);
         utsname uts{};

@@ -1,7 +1,10 @@
 // Lazy binding of the libpam calls the console makes.
 #include "platform/PamLibrary.h"
 
+#include "platform/HostRoot.h"
+
 #include <dlfcn.h>
+#include <string>
 
 namespace Platform::Pam {
 namespace {
@@ -59,6 +62,13 @@ int Start(const char* service, const char* user, const pam_conv* conversation, c
         return f.startConfdir(service, user, conversation, confdir, handle);
     }
     return f.start(service, user, conversation, handle);
+}
+
+int StartOnHost(const char* service, const char* user, const pam_conv* conversation, pam_handle_t** handle) {
+    if (!IsSimulatedHost())
+        return Start(service, user, conversation, nullptr, handle);
+    const std::string confdir = HostPath("/etc/pam.d");
+    return Start(service, user, conversation, confdir.c_str(), handle);
 }
 
 int End(pam_handle_t* handle, int status) {

@@ -12,6 +12,9 @@ bool Available();
 // `confdir` null: the system's PAM configuration.
 int Start(const char* service, const char* user, const pam_conv* conversation, const char* confdir,
           pam_handle_t** handle);
+// Start with the configuration of the host selected: the host root's /etc/pam.d on the simulated host, so
+// that its own module answers; the system's on a real one.
+int StartOnHost(const char* service, const char* user, const pam_conv* conversation, pam_handle_t** handle);
 int End(pam_handle_t* handle, int status);
 int Authenticate(pam_handle_t* handle, int flags);
 int AcctMgmt(pam_handle_t* handle, int flags);

@@ -1,10 +1,10 @@
 // Blocking command run of the host-control library, on the spawn primitive.
 #include "platform/TesCtlExec.h"
 
+#include "common/TextFile.h"
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/Spawn.h"
-#include "platform/TextFile.h"
 
 #include <cerrno>
 #include <cstring>
@@ -15,7 +15,7 @@
 namespace TesCtl::Util {
 
 std::vector<std::string> HostCommandWords(const std::string& commandLine) {
-    std::vector<std::string> words = Platform::SplitWords(commandLine);
+    std::vector<std::string> words = Common::SplitWords(commandLine);
     for (auto& word : words)
         if (word[0] == '/')
             word = Platform::HostPath(word);

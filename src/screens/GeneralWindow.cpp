@@ -7,6 +7,7 @@
 
 #include "screens/MenuTable.h"
 
+#include "common/TextFile.h"
 #include "core/EventLoop.h"
 #include "core/Keys.h"
 #include "core/Log.h"
@@ -19,7 +20,6 @@
 #include "platform/HostRoot.h"
 #include "platform/SysInfo.h"
 #include "platform/SystemInfo.h"
-#include "platform/TextFile.h"
 #include "screens/LogViewer.h"
 #include "ui/ScreenUpdate.h"
 #include "ui/TextArea.h"
@@ -108,7 +108,7 @@ void GeneralWindow::ReadHostFacts() {
 void GeneralWindow::LoadSupportInformation() {
     // A missing file shows an empty page.
     std::string text;
-    if (!Platform::ReadTextFile(Platform::HostPath("/etc/orvane/support"), text))
+    if (!Common::ReadTextFile(Platform::HostPath("/etc/orvane/support"), text))
         text.clear();
     std::map<InfoType, std::string> known;
     try {

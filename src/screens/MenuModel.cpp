@@ -1,7 +1,7 @@
 // System Customization menu data.
 #include "screens/MenuModel.h"
 
-#include "platform/TextFile.h"
+#include "common/TextFile.h"
 #include "screens/MenuTable.h"
 #include "ui/TextIds.h"
 
@@ -61,7 +61,7 @@ int LogForDigit(const std::vector<int>& numbers, int digit) {
 
 std::vector<std::string> ParseSupportLines(const std::string& fileText) {
     std::vector<std::string> lines;
-    for (auto& line : Platform::SplitLines(fileText))
+    for (auto& line : Common::SplitLines(fileText))
         if (line.empty() || line[0] != '#')
             lines.push_back(std::move(line));
     return lines;

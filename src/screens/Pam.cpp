@@ -1,8 +1,6 @@
-// PAM service "tarn": the login check and the password change, each with its own conversation. On the
-// simulated host the service files come from the host root's /etc/pam.d, so its own module answers.
+// PAM service "tarn": the login check and the password change, each with its own conversation.
 #include "screens/Pam.h"
 
-#include "platform/HostRoot.h"
 #include "platform/PamLibrary.h"
 
 #include <security/pam_appl.h>
@@ -20,12 +18,7 @@ constexpr const char* kService = "tarn";
 class PamTransaction {
 public:
     PamTransaction(const std::string& user, const pam_conv& conversation) {
-        if (Platform::IsSimulatedHost()) {
-            const std::string confdir = Platform::HostPath("/etc/pam.d");
-            status_ = Platform::Pam::Start(kService, user.c_str(), &conversation, confdir.c_str(), &handle_);
-        } else {
-            status_ = Platform::Pam::Start(kService, user.c_str(), &conversation, nullptr, &handle_);
-        }
+        status_ = Platform::Pam::StartOnHost(kService, user.c_str(), &conversation, &handle_);
         if (status_ != PAM_SUCCESS && handle_ != nullptr) {
             Platform::Pam::End(handle_, status_);
             handle_ = nullptr;

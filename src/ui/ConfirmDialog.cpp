@@ -4,6 +4,7 @@
 #include "core/EventLoop.h"
 #include "core/Terminal.h"
 #include "ui/ItemList.h"
+#include "ui/RunWindow.h"
 #include "ui/TextArea.h"
 
 #include <algorithm>

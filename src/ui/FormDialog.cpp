@@ -4,6 +4,7 @@
 #include "core/EventLoop.h"
 #include "core/Keys.h"
 #include "ui/ItemList.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 
 namespace Tarn {

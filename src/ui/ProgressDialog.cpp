@@ -2,6 +2,7 @@
 #include "ui/ProgressDialog.h"
 
 #include "core/EventLoop.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"
 

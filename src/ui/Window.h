@@ -3,6 +3,8 @@
 // Curses types stay out of this header (only ui/ and core/ .cpp files include <curses.h>).
 #pragma once
 
+#include "core/Surface.h"
+
 #include <memory>
 #include <string>
 #include <utility>
@@ -15,7 +17,7 @@ namespace Tarn {
 class StringFactory;
 class TextArea;
 
-class Window {
+class Window : public Surface {
 public:
     // Top-level window: newwin(height, width, row, column).
     Window(int column, int row, int width, int height, int background, int foreground);
@@ -26,9 +28,9 @@ public:
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
 
-    virtual void Draw(bool active);
+    void Draw(bool active) override;
 
-    void Refresh();
+    void Refresh() override;
     void Redraw();
     void Print(int column, int row, const std::string& text);
     void SetColors(int background, int foreground);
@@ -79,7 +81,7 @@ public:
     // The key loop; the result is what RunWindow returns.
     virtual int Foreground() = 0;
     // Called on SIGUSR1 while this frame is the current window.
-    virtual void Notification() {}
+    void Notification() override {}
     // False only for frames whose run RunWindow builds in (a plain NotificationDialog).
     virtual bool HasForeground() const { return true; }
 
