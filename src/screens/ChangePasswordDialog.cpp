@@ -6,8 +6,7 @@
 #include "core/Log.h"
 #include "core/Report.h"
 #include "core/Session.h"
-#include "hostops/CommandRunner.h"
-#include "platform/HostRoot.h"
+#include "hostops/HostActions.h"
 #include "screens/ListFocus.h"
 #include "screens/LoginDialog.h"
 #include "screens/Pam.h"
@@ -15,6 +14,7 @@
 #include "screens/SamePasswordConfirmDialog.h"
 #include "ui/InputItem.h"
 #include "ui/ItemList.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
 
@@ -134,8 +134,7 @@ bool ChangePasswordDialog::Submit() {
         return false;
     }
     if (check == NewPasswordCheck::Same) {
-        SamePasswordConfirmDialog confirm(this);
-        const bool confirmed = RunWindow(&confirm) != 0;
+        const bool confirmed = ConfirmSamePassword(this);
         Window::ShowCursor(true);
         if (!confirmed)
             return false;
@@ -144,9 +143,7 @@ bool ChangePasswordDialog::Submit() {
         ShowError(TextId::PasswordChangeFailed);
         return false;
     }
-    const char* const argv[] = {"cfgsave.sh", "0", nullptr};
-    RunProcess(Platform::HostPath("/sbin/cfgsave.sh").c_str(), argv, nullptr, nullptr, nullptr, nullptr,
-               nullptr, 0, 0);
+    SaveHostConfiguration();
     const std::string& user = LoggedInUser();
     Log(LOG_INFO, "Login password for user %s has changed", user.c_str());
     ReportEvent(kEventPasswordChanged, user.c_str());

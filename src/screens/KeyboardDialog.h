@@ -1,37 +1,35 @@
-// Chooses the console keyboard layout.
+// Asks for the console keyboard layout: one radio item per layout the host offers, the configured one
+// marked. The caller applies the answer (ChooseKeyboardLayout does both).
 #pragma once
 
-#include "platform/SystemInfo.h"
-#include "ui/Window.h"
+#include "ui/FormDialog.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace Tarn {
 
-class ItemList;
 class RadioItem;
 
-class KeyboardDialog : public Dialog {
+class KeyboardDialog : public FormDialog {
 public:
     explicit KeyboardDialog(Frame* parent);
     ~KeyboardDialog() override;
-    // 1 after Enter, 0 after Esc.
-    int Foreground() override;
+
+    // The marked layout after Enter; nothing after Esc or when no layout is marked.
+    std::optional<std::string> Ask();
 
     // Index of the marked layout, -1 when none is.
-    int Marked() const { return marked_; }
+    int Marked() const;
 
 private:
-    void MarkFocused();
-    void Apply();
-
-    TesCtl::System::SystemInfoImpl systemInfo_;
     std::vector<std::string> layouts_;
     std::vector<std::unique_ptr<RadioItem>> items_;
-    int marked_ = -1;
-    ItemList* list_ = nullptr;
 };
+
+// Asks on top of `parent` and applies the layout chosen; true when the layout changed.
+bool ChooseKeyboardLayout(Frame* parent);
 
 } // namespace Tarn

@@ -1,31 +1,21 @@
-// Lockdown mode on or off through the management command tool.
+// Asks whether lockdown mode should be on: one check box showing the host's state. The caller changes the
+// host (ApplyLockdownChange) with the answer.
 #pragma once
 
-#include "ui/Window.h"
-
-#include <memory>
+#include "ui/FormDialog.h"
+#include "ui/Item.h"
 
 namespace Tarn {
 
-class CheckItem;
-class ItemList;
-
-class LockdownDialog : public Dialog {
+class LockdownDialog : public FormDialog {
 public:
     LockdownDialog(Frame* parent, bool lockdownEnabled);
-    ~LockdownDialog() override;
-    // 1 after Enter (whatever the command's outcome), 0 after Esc.
-    int Foreground() override;
 
-    // The lockdown state as this dialog knows it: as built, then as changed by a successful command.
-    bool LockdownEnabled() const { return enabled_; }
+    // The box's state after Enter; nothing after Esc.
+    std::optional<bool> Ask();
 
 private:
-    void Apply();
-
-    bool enabled_;
-    std::unique_ptr<CheckItem> check_;
-    ItemList* list_ = nullptr;
+    CheckItem check_;
 };
 
 } // namespace Tarn

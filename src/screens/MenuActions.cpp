@@ -2,6 +2,7 @@
 #include "core/EventLoop.h"
 #include "core/Log.h"
 #include "core/Session.h"
+#include "hostops/HostActions.h"
 #include "network/NetworkAccess.h"
 #include "network/NetworkWindow.h"
 #include "platform/HostCtlException.h"
@@ -10,6 +11,7 @@
 #include "screens/LockdownDialog.h"
 #include "screens/MenuTable.h"
 #include "screens/PowerConfirmDialog.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
 
@@ -22,8 +24,10 @@ void OpenPasswordChange(MenuContext& context) {
 }
 
 void OpenLockdown(MenuContext& context) {
-    LockdownDialog dialog(&context.window, context.facts.lockdown == LockdownState::Enabled);
-    RunWindow(&dialog);
+    const bool enabled = context.facts.lockdown == LockdownState::Enabled;
+    LockdownDialog dialog(&context.window, enabled);
+    if (std::optional<bool> wanted = dialog.Ask())
+        ApplyLockdownChange(DecideLockdownChange(*wanted, enabled));
 }
 
 void OpenNetworkWindow(MenuContext& context) {
@@ -56,8 +60,7 @@ void OpenRestartManagementNetwork(MenuContext& context) {
 }
 
 void OpenKeyboard(MenuContext& context) {
-    KeyboardDialog dialog(&context.window);
-    RunWindow(&dialog);
+    ChooseKeyboardLayout(&context.window);
 }
 
 } // namespace Tarn

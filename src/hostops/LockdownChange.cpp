@@ -1,5 +1,5 @@
 // Lockdown decision table and failure text.
-#include "screens/LockdownChange.h"
+#include "hostops/LockdownChange.h"
 
 #include "hostops/CommandText.h"
 
