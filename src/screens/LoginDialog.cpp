@@ -18,11 +18,14 @@
 #include "screens/LoginModel.h"
 #include "screens/Pam.h"
 #include "screens/PasswordModel.h"
+#include "ui/ConfirmDialog.h"
 #include "ui/DialogSize.h"
 #include "ui/InputItem.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
+#include "ui/StringFactory.h"
 #include "ui/TextIds.h"
 
 #include <string.h>
@@ -138,8 +141,7 @@ int LoginDialog::Foreground() {
         case LoginKeyAction::Cancel:
             return 0;
         case LoginKeyAction::RunKeyboard: {
-            KeyboardDialog keyboard(this);
-            RunWindow(&keyboard);
+            ChooseKeyboardLayout(this);
             keyboard_->SetText(ConfiguredKeyboardText());
             Draw(true);
             break;
@@ -211,19 +213,15 @@ bool LoginDialog::Submit() {
     return false;
 }
 
-LoginDisabledDialog::LoginDisabledDialog(Frame* parent)
-    : Dialog(parent, kDisabledWidth, kDisabledHeight, kDisabledSplitRow) {
-    SetTitle(Text(TextId::AuthenticationDenied));
-    SetBody(HostLabelFor(Text(TextId::ConsoleAccessDisabled)));
-    SetFooter(kEnterOkFooter);
-}
-
-int LoginDisabledDialog::Foreground() {
-    for (;;) {
-        const int key = GetKey(this, true);
-        if (key == Key::Enter || key == Key::Escape)
-            return 0;
-    }
+void ShowLoginDisabled(Frame* parent) {
+    const StringFactory& strings = *StringFactory::Get("en_US");
+    ConfirmDialog denied(parent, {kDisabledWidth, kDisabledHeight, kDisabledSplitRow},
+                         {strings.GetString(TextId::AuthenticationDenied),
+                          HostLabelFor(strings.GetString(TextId::ConsoleAccessDisabled)),
+                          "",
+                          kEnterOkFooter,
+                          {{Key::Enter, Answer::Yes}, {Key::Escape, Answer::Yes}}});
+    denied.Ask();
 }
 
 } // namespace Tarn

@@ -44,10 +44,7 @@ private:
     std::unique_ptr<InputItem> password_;
 };
 
-class LoginDisabledDialog : public Dialog {
-public:
-    explicit LoginDisabledDialog(Frame* parent);
-    int Foreground() override; // always 0
-};
+// "Authentication Denied": direct console access is disabled for this host. Closes on Enter or Esc.
+void ShowLoginDisabled(Frame* parent);
 
 } // namespace Tarn

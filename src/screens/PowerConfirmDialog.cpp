@@ -4,9 +4,8 @@
 #include "core/EventLoop.h"
 #include "core/Report.h"
 #include "core/Terminal.h"
-#include "hostops/CommandRunner.h"
+#include "hostops/Command.h"
 #include "hostops/KelpCmd.h"
-#include "platform/HostRoot.h"
 #include "ui/DialogSize.h"
 #include "ui/StringFactory.h"
 #include "ui/TextIds.h"
@@ -39,9 +38,7 @@ PowerConfirmDialog::PowerConfirmDialog(Frame* parent, const PowerAction& action,
 int PowerConfirmDialog::Foreground() {
     StopAllVirtualMachines(softStop_);
 
-    const char* argv[] = {action_.programName, nullptr};
-    const std::string path = Platform::HostPath(action_.program);
-    if (RunProcess(path.c_str(), argv, nullptr, nullptr, nullptr, nullptr, nullptr, 0, 0) == -1)
+    if (Run({action_.program, {action_.programName}}).exitCode == -1)
         return 0;
     // The host is going down and ends the console; until then keys mean nothing, and no idle time-out
     // may log the user out in the middle of it.

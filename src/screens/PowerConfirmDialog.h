@@ -34,15 +34,4 @@ private:
     bool softStop_;
 };
 
-class ShutdownConfirmDialog : public PowerConfirmDialog {
-public:
-    ShutdownConfirmDialog(Frame* parent, bool softStop)
-        : PowerConfirmDialog(parent, kShutdownAction, softStop) {}
-};
-
-class RebootConfirmDialog : public PowerConfirmDialog {
-public:
-    RebootConfirmDialog(Frame* parent, bool softStop) : PowerConfirmDialog(parent, kRebootAction, softStop) {}
-};
-
 } // namespace Tarn

@@ -1,20 +1,11 @@
 // Asks whether a new password that equals the old one is really meant.
 #pragma once
 
-#include "ui/DialogSize.h"
-#include "ui/Window.h"
-
 namespace Tarn {
 
-class SamePasswordConfirmDialog : public Dialog {
-public:
-    explicit SamePasswordConfirmDialog(Frame* parent);
-    // 1 for Enter (confirmed), 0 for Esc.
-    int Foreground() override;
-    bool Run() { return Foreground() != 0; }
+class Frame;
 
-private:
-    SamePasswordConfirmDialog(Frame* parent, DialogSize size);
-};
+// True for Enter (confirmed), false for Esc.
+bool ConfirmSamePassword(Frame* parent);
 
 } // namespace Tarn

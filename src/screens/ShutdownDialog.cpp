@@ -8,66 +8,50 @@
 #include "core/Log.h"
 #include "core/Report.h"
 #include "screens/PowerConfirmDialog.h"
-#include "ui/Item.h"
-#include "ui/ItemList.h"
+#include "ui/RunWindow.h"
+#include "ui/StringFactory.h"
 #include "ui/TextIds.h"
 
 namespace Tarn {
 namespace {
 
-constexpr int kWidth = 70;
-constexpr int kHeight = 17;
-constexpr int kSplitRow = 12;
+constexpr DialogSize kSize{70, 17, 12};
 
 constexpr const char* kFooter =
     "{color:black}<F2>{/color} {color:dark-grey}Shut Down{/color}  {color:black}<F11>{/color} "
     "{color:dark-grey}Restart{/color}{align:right}{color:black}<Esc>{/color} {color:dark-grey}Cancel{/color}"
     "{/align}";
 
+const char* Catalogue(unsigned id) {
+    return StringFactory::Get("en_US")->GetString(id);
+}
+
 } // namespace
 
 ShutdownDialog::ShutdownDialog(Frame* parent)
-    : Dialog(parent, kWidth, kHeight, kSplitRow),
-      terminate_(std::make_unique<CheckItem>(Text(TextId::ForceTerminateVms), false)) {
-    SetTitle(Text(TextId::ShutDownRestartTitle));
-    SetBody(Text(TextId::ShutdownDialogBody));
-    SetFooter(kFooter);
-    if (content_ != nullptr) {
-        list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
-        list_->SetItems({terminate_.get()});
-    }
+    : FormDialog(parent, kSize, Catalogue(TextId::ShutDownRestartTitle),
+                 Catalogue(TextId::ShutdownDialogBody), kFooter),
+      terminate_(Catalogue(TextId::ForceTerminateVms), false) {
+    SetItems({&terminate_});
+    SetKeyHook([this](int key) { return OnKey(key); });
 }
 
-ShutdownDialog::~ShutdownDialog() = default;
-
-int ShutdownDialog::Foreground() {
-    for (;;) {
-        const int key = GetKey(this, true);
-        if (key == Key::Space) {
-            terminate_->SetChecked(!terminate_->Checked());
-            if (list_ != nullptr)
-                list_->Draw();
-        } else if (key == Key::F(2)) {
-            Announce(kShutdownAction);
-            ShutdownConfirmDialog confirm(this, SoftStop());
-            RunWindow(&confirm);
-        } else if (key == Key::F(11)) {
-            Announce(kRebootAction);
-            RebootConfirmDialog confirm(this, SoftStop());
-            RunWindow(&confirm);
-        } else if (key == Key::Escape) {
-            return 0;
-        }
-    }
+FormKey ShutdownDialog::OnKey(int key) {
+    if (key == Key::F(2))
+        PowerOff(kShutdownAction);
+    else if (key == Key::F(11))
+        PowerOff(kRebootAction);
+    else if (key != Key::Enter)
+        return FormKey::Unused;
+    return FormKey::Used;
 }
 
-void ShutdownDialog::Announce(const PowerAction& action) {
+void ShutdownDialog::PowerOff(const PowerAction& action) {
     Log(LOG_INFO, "%s", action.logText);
     ReportEvent(action.event);
-}
-
-bool ShutdownDialog::SoftStop() const {
-    return !terminate_->Checked();
+    // Virtual machines are left to the shutdown policy unless the check item asks to force them off.
+    PowerConfirmDialog confirm(this, action, !terminate_.Checked());
+    RunWindow(&confirm);
 }
 
 } // namespace Tarn

@@ -1,31 +1,25 @@
 // Shut down or restart the host, optionally forcing running virtual machines off.
 #pragma once
 
-#include "ui/Window.h"
-
-#include <memory>
+#include "ui/FormDialog.h"
+#include "ui/Item.h"
 
 namespace Tarn {
 
-class CheckItem;
-class ItemList;
 struct PowerAction;
 
-class ShutdownDialog : public Dialog {
+class ShutdownDialog : public FormDialog {
 public:
     explicit ShutdownDialog(Frame* parent);
-    ~ShutdownDialog() override;
-    // 0 after Esc; does not return while the host goes down.
-    int Foreground() override;
 
 private:
-    // Logs and reports the action before its confirm dialog runs.
-    static void Announce(const PowerAction& action);
-    // Virtual machines are left to the shutdown policy unless the check item asks to force them off.
-    bool SoftStop() const;
+    // F2 shuts down, F11 restarts; Enter means nothing here.
+    FormKey OnKey(int key);
+    // Logs and reports the action, then runs its confirm dialog; the dialog stays open if the power command
+    // could not be started.
+    void PowerOff(const PowerAction& action);
 
-    std::unique_ptr<CheckItem> terminate_;
-    ItemList* list_ = nullptr;
+    CheckItem terminate_;
 };
 
 } // namespace Tarn

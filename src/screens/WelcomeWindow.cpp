@@ -15,6 +15,7 @@
 #include "screens/WelcomeFacts.h"
 #include "screens/WelcomeLayout.h"
 #include "screens/WelcomeText.h"
+#include "ui/RunWindow.h"
 #include "ui/TextArea.h"
 #include "ui/TextIds.h"
 
@@ -166,8 +167,7 @@ void WelcomeWindow::OnKey(int key) {
 
 void WelcomeWindow::Login(bool menu) {
     if (!LoginAllowed()) {
-        LoginDisabledDialog denied(this);
-        RunWindow(&denied);
+        ShowLoginDisabled(this);
         return;
     }
     bool authenticated;
