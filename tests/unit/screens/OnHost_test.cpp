@@ -4,12 +4,14 @@
 
 #include "core/EventLoop.h"
 #include "core/Session.h"
+#include "hostops/HostActions.h"
 #include "platform/DnsConfig.h"
 #include "platform/SystemInfo.h"
 #include "screens/KeyboardDialog.h"
 #include "screens/LoginDialog.h"
 #include "screens/Pam.h"
 #include "screens/WelcomeFacts.h"
+#include "ui/RunWindow.h"
 
 #include <security/pam_appl.h>
 
@@ -32,10 +34,9 @@ TEST_F(KeyboardDialogTest, EnterAppliesTheMarkedLayoutAndEscNothing) {
         {{"kcud1", " \033"}, 0, "Turkish"},
     };
     for (const auto& run : runs) {
-        KeyboardDialog dialog(nullptr);
         for (const char* key : run.keys)
             key[0] == 'k' ? Press(key) : Type(key);
-        EXPECT_EQ(RunWindow(&dialog), run.result);
+        EXPECT_EQ(ChooseKeyboardLayout(nullptr), run.result == 1);
         EXPECT_EQ(State()["keyboard"]["current"], run.layout);
     }
     EXPECT_TRUE(Logged("Keyboard Layout changed to US Default"));
@@ -47,13 +48,15 @@ TEST_F(KeyboardDialogTest, NoMarkOrAFailingHostStillClosesWithEnter) {
         KeyboardDialog dialog(nullptr);
         EXPECT_EQ(dialog.Marked(), -1);
         Type("\n");
-        EXPECT_EQ(RunWindow(&dialog), 1);
+        EXPECT_EQ(dialog.Ask(), std::nullopt) << "nothing marked, nothing to apply";
     }
     // "Default" is marked with Space, then leaves the host's list before Enter.
     KeyboardDialog dialog(nullptr);
     Type(" \n");
     EditState([](Json& s) { s["keyboard"]["layouts"] = Json::array({"German"}); });
-    EXPECT_EQ(RunWindow(&dialog), 1);
+    const std::optional<std::string> layout = dialog.Ask();
+    ASSERT_EQ(layout, "Default");
+    EXPECT_FALSE(ChangeKeyboardLayout(*layout));
     EXPECT_EQ(State()["keyboard"]["current"], "Klingon");
     EXPECT_TRUE(Logged("Changing keyboard layout failed: unknown keyboard layout 'Default'"));
 }
@@ -118,9 +121,8 @@ TEST_F(LoginDialogTest, DisabledDialogClosesOnEnterOrEsc) {
     std::filesystem::remove(dir_ + "/var/run/orvane/show-tarn-login");
     EXPECT_FALSE(LoginAllowed());
     for (const char* key : {"x\n", "x\033"}) {
-        LoginDisabledDialog dialog(nullptr);
         Type(key);
-        EXPECT_EQ(RunWindow(&dialog), 0);
+        ShowLoginDisabled(nullptr); // returns only on Enter or Esc
     }
     EXPECT_EQ(Read("var/log/syslog.log"), "");
 }
