@@ -7,7 +7,6 @@
 #include "core/Report.h"
 #include "core/Session.h"
 #include "hostops/HostActions.h"
-#include "screens/ListFocus.h"
 #include "screens/LoginDialog.h"
 #include "screens/Pam.h"
 #include "screens/PasswordModel.h"
@@ -16,6 +15,7 @@
 #include "ui/ItemList.h"
 #include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
+#include "ui/StringFactory.h"
 #include "ui/TextIds.h"
 
 #include <security/pam_appl.h>
@@ -29,29 +29,25 @@ constexpr int kHeight = kSplitRow + 3 + 4;
 constexpr int kFieldWidth = 30;
 constexpr unsigned kErrorTitleId = TextId::ConfigurePasswordError;
 
-// The cursor shows while the form is open, on every way out (an idle time-out included).
-struct CursorShown {
-    CursorShown() { Window::ShowCursor(true); }
-    ~CursorShown() { Window::ShowCursor(false); }
-};
+const char* Catalogue(unsigned id) {
+    return StringFactory::Get("en_US")->GetString(id);
+}
 
 } // namespace
 
-ChangePasswordDialog::ChangePasswordDialog(Frame* parent) : Dialog(parent, kWidth, kHeight, kSplitRow) {
+ChangePasswordDialog::ChangePasswordDialog(Frame* parent)
+    : FormDialog(parent, {kWidth, kHeight, kSplitRow}, Catalogue(TextId::ConfigurePasswordTitle),
+                 Catalogue(TextId::PasswordDialogBody), kPasswordFooter) {
     std::vector<Item*> items;
     for (int i = 0; i < 3; ++i) {
-        fields_[i] = std::make_unique<InputItem>(Text(TextId::OldPasswordLabel + static_cast<unsigned>(i)),
-                                                 "", kFieldWidth);
+        fields_[i] = std::make_unique<InputItem>(
+            Catalogue(TextId::OldPasswordLabel + static_cast<unsigned>(i)), "", kFieldWidth);
         fields_[i]->SetPassword(true);
         items.push_back(fields_[i].get());
     }
-    if (content_ != nullptr) {
-        list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
-        list_->SetItems(items);
-    }
-    SetTitle(Text(TextId::ConfigurePasswordTitle));
-    SetBody(Text(TextId::PasswordDialogBody));
-    SetFooter(kPasswordFooter);
+    SetItems(items);
+    SetShowCursor(true);
+    SetKeyHook([this](int key) { return OnKey(key); });
 }
 
 ChangePasswordDialog::~ChangePasswordDialog() {
@@ -60,49 +56,35 @@ ChangePasswordDialog::~ChangePasswordDialog() {
 }
 
 int ChangePasswordDialog::Focus() const {
-    return list_ != nullptr ? list_->FocusIndex() : 0;
+    return List() != nullptr ? List()->FocusIndex() : 0;
 }
 
 void ChangePasswordDialog::FocusItem(int index) {
-    if (list_ != nullptr)
-        FocusListItem(*list_, index);
+    if (List() != nullptr)
+        List()->FocusItem(index);
 }
 
-int ChangePasswordDialog::Foreground() {
-    CursorShown cursor;
-    Draw(true);
-    for (;;) {
-        const int key = GetKey(this, true);
-        switch (DecidePasswordKey(key, Focus())) {
-        case PasswordKeyAction::Cancel:
-            return 0;
-        case PasswordKeyAction::Edit:
-            if (list_ != nullptr && Focus() >= 0 && fields_[Focus()]->HandleKey(key))
-                list_->Draw();
-            break;
-        case PasswordKeyAction::Up:
-            if (list_ != nullptr)
-                list_->Up();
-            break;
-        case PasswordKeyAction::Down:
-            if (list_ != nullptr)
-                list_->Down();
-            break;
-        case PasswordKeyAction::CheckOld:
-            CheckOldPassword();
-            break;
-        case PasswordKeyAction::FocusConfirm:
-            FocusItem(kConfirmPasswordField);
-            break;
-        case PasswordKeyAction::FocusNew:
-            FocusItem(kNewPasswordField);
-            break;
-        case PasswordKeyAction::Submit:
-            if (Submit())
-                return 1;
-            break;
-        }
+FormKey ChangePasswordDialog::OnKey(int key) {
+    switch (DecidePasswordKey(key, Focus())) {
+    case PasswordKeyAction::Cancel:
+        return FormKey::Cancel;
+    case PasswordKeyAction::Edit:
+    case PasswordKeyAction::Up:
+    case PasswordKeyAction::Down:
+        return FormKey::Unused; // the list moves and edits
+    case PasswordKeyAction::CheckOld:
+        CheckOldPassword();
+        break;
+    case PasswordKeyAction::FocusConfirm:
+        FocusItem(kConfirmPasswordField);
+        break;
+    case PasswordKeyAction::FocusNew:
+        FocusItem(kNewPasswordField);
+        break;
+    case PasswordKeyAction::Submit:
+        return Submit() ? FormKey::Close : FormKey::Used;
     }
+    return FormKey::Used;
 }
 
 void ChangePasswordDialog::ShowError(unsigned messageId) {
@@ -120,8 +102,8 @@ void ChangePasswordDialog::CheckOldPassword() {
     ShowError(TextId::OldPasswordIncorrect);
     ClearPasswordField(*fields_[kOldPasswordField]);
     FocusItem(kOldPasswordField);
-    if (list_ != nullptr)
-        list_->Draw();
+    if (List() != nullptr)
+        List()->Draw();
 }
 
 bool ChangePasswordDialog::Submit() {

@@ -1,7 +1,7 @@
 // Sets a new login password for the logged-in user through PAM.
 #pragma once
 
-#include "ui/Window.h"
+#include "ui/FormDialog.h"
 
 #include <memory>
 
@@ -10,15 +10,15 @@ namespace Tarn {
 class InputItem;
 class ItemList;
 
-class ChangePasswordDialog : public Dialog {
+// A form whose Enter and Tab step through the fields (old password checked first); the change is made when
+// the confirmation field is submitted. Run() is true when the password was changed.
+class ChangePasswordDialog : public FormDialog {
 public:
     explicit ChangePasswordDialog(Frame* parent);
     ~ChangePasswordDialog() override;
-    // 1 when the password was changed, 0 when cancelled.
-    int Foreground() override;
-    bool Run() { return Foreground() != 0; }
 
 private:
+    FormKey OnKey(int key);
     int Focus() const;
     void FocusItem(int index);
     // The old password is checked before the new one is typed; an expired one counts as correct.
@@ -29,7 +29,6 @@ private:
     bool ChangePassword();
     void ShowError(unsigned messageId);
 
-    ItemList* list_ = nullptr; // owned by the content pane
     std::unique_ptr<InputItem> fields_[3];
 };
 

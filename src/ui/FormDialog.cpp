@@ -63,6 +63,8 @@ void FormDialog::Refuse(const FormError& error) {
 
 int FormDialog::Foreground() {
     CursorShown cursor(showCursor_);
+    if (showCursor_)
+        Draw(true); // again, now that the cursor shows: the focused field places it
     for (;;) {
         const int key = GetKey(this, true);
         FormKey action = hook_ ? hook_(key) : FormKey::Unused;
@@ -76,6 +78,8 @@ int FormDialog::Foreground() {
         }
         if (action == FormKey::Cancel)
             return 0;
+        if (action == FormKey::Close)
+            return 1;
         if (action == FormKey::Accept) {
             std::optional<FormError> error = Validate();
             if (!error)

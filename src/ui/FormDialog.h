@@ -31,6 +31,7 @@ enum class FormKey {
     Used,   // handled by the hook
     Accept, // check the form as Enter does
     Cancel, // leave as Esc does
+    Close,  // leave as accepted, without the check (the hook has done the work)
 };
 
 class FormDialog : public Dialog {
@@ -47,7 +48,7 @@ public:
     // Run on Enter; empty: the form is accepted. Without a validator every form is accepted.
     void SetValidator(Validator validator) { validator_ = std::move(validator); }
     void SetKeyHook(KeyHook hook) { hook_ = std::move(hook); }
-    // Shows the terminal cursor while the form runs (forms with input fields).
+    // Shows the terminal cursor while the form runs (forms with input fields), placed in the focused field.
     void SetShowCursor(bool show) { showCursor_ = show; }
 
     // Runs the dialog modally: true when accepted, false on Esc. TarnTimeout passes through.
