@@ -12,6 +12,7 @@
 #include "network/SuffixesDialog.h"
 #include "network/VlanDialog.h"
 #include "ui/ItemList.h"
+#include "ui/RunWindow.h"
 #include "ui/ScreenUpdate.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"

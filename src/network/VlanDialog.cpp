@@ -4,6 +4,7 @@
 #include "core/EventLoop.h"
 #include "network/NetworkForms.h"
 #include "ui/InputItem.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
 

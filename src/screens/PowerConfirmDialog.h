@@ -34,4 +34,10 @@ private:
     bool softStop_;
 };
 
+// The restart the network window offers after an IPv6 change.
+class RebootConfirmDialog : public PowerConfirmDialog {
+public:
+    RebootConfirmDialog(Frame* parent, bool softStop) : PowerConfirmDialog(parent, kRebootAction, softStop) {}
+};
+
 } // namespace Tarn
