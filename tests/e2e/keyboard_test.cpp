@@ -58,7 +58,7 @@ TEST(KeyboardChoice, LoginOffersTheConfiguredLayoutAboveTheFocusedLoginFieldAndC
     c->Key("Up");
     c->Type(" ");
     CloseDialogWith(c, "Enter");
-    EXPECT_TRUE(c->Find(kKeyboardItem + above + ")")) << c->View().Text();
+    EXPECT_TRUE(c->WaitForText(kKeyboardItem + above + ")")) << c->View().Text();
     EXPECT_EQ(Configured(c.Host()), above);
     EXPECT_TRUE(c->Find(kLoginTitle)) << "back in the login dialog";
 }
@@ -86,6 +86,9 @@ TEST(KeyboardChoice, MenuDialogAppliesOnlyTheLayoutMarkedWithSpaceAndEscNothing)
     EXPECT_TRUE(c->Find("(o) " + before)) << c->View().Text();
     c->Key("Up");
     CloseDialogWith(c, "Enter");
+    // The menu applies the answer once the dialog has closed.
+    EXPECT_TRUE(
+        c->WaitFor([&] { return !host.SyslogMatching("Keyboard Layout changed to " + before).empty(); }));
     EXPECT_EQ(Configured(host), before);
     EXPECT_EQ(host.SyslogMatching("Keyboard Layout changed to " + before).size(), 1u);
     EXPECT_TRUE(host.SyslogMatching("Keyboard Layout changed to " + above).empty());
@@ -99,6 +102,8 @@ TEST(KeyboardChoice, MenuDialogAppliesOnlyTheLayoutMarkedWithSpaceAndEscNothing)
     EXPECT_TRUE(c->WaitForText("( ) " + before)) << c->View().Text();
     SaveScreenshot(c->View(), "keyboard-dialog");
     CloseDialogWith(c, "Enter");
+    EXPECT_TRUE(
+        c->WaitFor([&] { return !host.SyslogMatching("Keyboard Layout changed to " + above).empty(); }));
     EXPECT_EQ(Configured(host), above);
     EXPECT_EQ(host.SyslogMatching("Keyboard Layout changed to " + above).size(), 1u)
         << host.ReadFile("var/log/syslog.log");

@@ -48,10 +48,10 @@ TEST(Lockdown, NoChangeAndEscRunNothingARefusalIsLoggedThenSpaceAndEnterEnable) 
         s["simulation"]["failing"] = {"kelp-cmd kelpsvc/auth/lockdown_mode_enter"};
     });
     RunDialog(c, {" ", "Enter"});
-    EXPECT_EQ(
-        host.SyslogMatching("Enabling lockdown mode failed with error: kelp-cmd: simulated failure").size(),
-        1u)
-        << host.ReadFile("var/log/syslog.log");
+    // The menu runs the command once the dialog has closed.
+    const std::string refusal = "Enabling lockdown mode failed with error: kelp-cmd: simulated failure";
+    EXPECT_TRUE(c->WaitFor([&] { return !host.SyslogMatching(refusal).empty(); }));
+    EXPECT_EQ(host.SyslogMatching(refusal).size(), 1u) << host.ReadFile("var/log/syslog.log");
     EXPECT_FALSE(Enabled(host));
 
     EditHost(host, [](nlohmann::json& s) { s["simulation"].erase("failing"); });
