@@ -83,13 +83,13 @@ const std::vector<MenuRow>& MenuTable() {
         {TextId::NetworkRestoreOptions,        nullptr,        nullptr,      nullptr,        TextId::NetworkRestorePaneHelp,   kFooterRestart,  nullptr},
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
         {TextId::ConfigureKeyboard,            KeyboardChoice, nullptr,      KeyboardBody,   0,                                kFooterMore,     OpenKeyboard},
-        {TextId::TroubleshootingOptions,       nullptr,        nullptr,      nullptr,        TextId::TroubleshootingPaneHelp,  kFooterMore,     nullptr},
+        {TextId::TroubleshootingOptions,       nullptr,        nullptr,      nullptr,        TextId::TroubleshootingPaneHelp,  kFooterMore,     OpenTroubleshooting},
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
         {TextId::ViewSystemLogs,               nullptr,        nullptr,      LogBody,        0,                                nullptr,         nullptr},
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
         {TextId::ViewSupportInformation,       nullptr,        nullptr,      SupportBody,    0,                                nullptr,         nullptr},
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ResetSystemConfiguration,     nullptr,        NoNetworkBoot, nullptr,       TextId::ResetSystemPaneHelp,      kFooterReset,    nullptr},
+        {TextId::ResetSystemConfiguration,     nullptr,        NoNetworkBoot, nullptr,       TextId::ResetSystemPaneHelp,      kFooterReset,    OpenSystemReset},
     };
     // clang-format on
     return table;

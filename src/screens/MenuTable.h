@@ -44,5 +44,8 @@ void OpenLockdown(MenuContext& context);
 void OpenNetworkWindow(MenuContext& context);
 void OpenRestartManagementNetwork(MenuContext& context);
 void OpenKeyboard(MenuContext& context);
+// TroubleShootingWindow.cpp, RestoreDialog.cpp.
+void OpenTroubleshooting(MenuContext& context);
+void OpenSystemReset(MenuContext& context);
 
 } // namespace Tarn

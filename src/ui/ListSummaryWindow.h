@@ -29,6 +29,8 @@ struct SummaryEntry {
 class ListSummaryWindow : public RootWindow {
 public:
     explicit ListSummaryWindow(Frame* parent);
+    // With `heading` on the left pane's top edge and `listFooter` (key hints) on the list's last row.
+    ListSummaryWindow(Frame* parent, const std::string& heading, const std::string& listFooter);
     ~ListSummaryWindow() override;
 
     // Returns 0 when the operator leaves with Esc; TarnTimeout passes through.

@@ -1,0 +1,312 @@
+// Troubleshooting options from the System Customization menu: the shell and SSH toggles, the shell and
+// console time-outs, the restart of the management agents; and the reset of the system configuration.
+#include "Flows.h"
+#include "harness/ProcStats.h"
+#include "harness/Screenshot.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <thread>
+
+namespace e2e {
+namespace {
+
+using Calls = std::vector<std::vector<std::string>>;
+
+constexpr const char* kTroubleshootingPane = "To view various troubleshooting mode options";
+constexpr const char* kResetPane = "All system parameters will be reverted";
+
+Calls CallsSince(const SimHost& host, size_t before) {
+    Calls all = host.ToolCalls();
+    return Calls(all.begin() + static_cast<long>(std::min(before, all.size())), all.end());
+}
+
+bool Called(const Calls& calls, const std::vector<std::string>& call) {
+    return std::find(calls.begin(), calls.end(), call) != calls.end();
+}
+
+// Logged in, with the troubleshooting window open and settled on its first entry.
+void OpenTroubleshooting(Console& c) {
+    LogInAsRoot(c);
+    MoveTo(c, kTroubleshootingPane);
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Change current state of the Corla Shell", 100ms)) << c->View().Text();
+}
+
+// Moves down the troubleshooting list to the entry whose pane shows `paneText`, settled for typing.
+void Select(Console& c, const std::string& paneText) {
+    MoveTo(c, paneText);
+    ASSERT_TRUE(c->WaitQuiet(50ms));
+}
+
+nlohmann::json Option(const SimHost& host, const std::string& path) {
+    return host.HostJson()["advancedOptions"][path]["value"];
+}
+
+TEST(Troubleshooting, CorlaShellToggledOnAndOff) {
+    Console c(Roomy());
+    const SimHost& host = c.Host();
+    OpenTroubleshooting(c);
+    EXPECT_TRUE(c->View().Contains("Troubleshooting Mode Options"));
+    EXPECT_TRUE(c->View().Contains("Corla Shell is Disabled"));
+    EXPECT_TRUE(c->View().Contains("<Up/Down> Select"));
+    EXPECT_TRUE(c->View().Contains("<Enter> Change"));
+    SaveScreenshot(c->View(), "troubleshooting");
+
+    size_t before = host.ToolCalls().size();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Corla Shell is Enabled", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("Disable Corla Shell"));
+    // root is refused by the default host's kelp-cmd and each action is run again as the service account.
+    EXPECT_EQ(CallsSince(host, before), (Calls{{"kelp-cmd", "-U", "root", "hostsvc/start_corla_shell"},
+                                               {"kelp-cmd", "-U", "tarn", "hostsvc/start_corla_shell"},
+                                               {"kelp-cmd", "-U", "root", "hostsvc/enable_corla_shell"},
+                                               {"kelp-cmd", "-U", "tarn", "hostsvc/enable_corla_shell"},
+                                               {"/etc/init.d/CorlaShell", "status"},
+                                               {"/etc/init.d/SSH", "status"}}));
+    EXPECT_EQ(host.HostJson()["services"]["CorlaShell"],
+              (nlohmann::json{{"running", true}, {"enabled", true}}));
+    EXPECT_EQ(host.SyslogMatching("User root enabled Corla Shell").size(), 1u);
+
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Corla Shell is Disabled", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("Enable Corla Shell"));
+    EXPECT_EQ(host.HostJson()["services"]["CorlaShell"],
+              (nlohmann::json{{"running", false}, {"enabled", false}}));
+    EXPECT_EQ(host.SyslogMatching("User root disabled Corla Shell").size(), 1u);
+}
+
+TEST(Troubleshooting, SshWithKelpCmdFailingUsesTheInitScriptAndStillSetsTheFirewall) {
+    SimHost host("default");
+    EditHost(host, [](nlohmann::json& s) {
+        s["firewall"]["rulesets"][0]["enabled"] = false;
+        s["simulation"]["failing"] = {"kelp-cmd hostsvc/start_ssh"};
+    });
+    Console c(host, Roomy());
+    OpenTroubleshooting(c);
+    Select(c, "Change current state of SSH");
+    EXPECT_TRUE(c->View().Contains("SSH is Disabled"));
+    size_t before = host.ToolCalls().size();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("SSH is Enabled", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("Disable SSH"));
+    const Calls calls = CallsSince(host, before);
+    EXPECT_TRUE(Called(calls, {"/etc/init.d/SSH", "start"})) << nlohmann::json(calls).dump();
+    EXPECT_TRUE(Called(calls, {"kelp-cmd", "-U", "tarn", "hostsvc/enable_ssh"}));
+    const auto state = host.HostJson();
+    EXPECT_EQ(state["services"]["SSH"], (nlohmann::json{{"running", true}, {"enabled", true}}));
+    EXPECT_EQ(state["firewall"]["rulesets"][0]["enabled"], true);
+    EXPECT_EQ(host.SyslogMatching("Unable to run kelp-cmd to start/stop ssh").size(), 1u);
+    EXPECT_EQ(host.SyslogMatching("User root enabled SSH").size(), 1u);
+}
+
+TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
+    SimHost host("default");
+    EditHost(host, [](nlohmann::json& s) { s["services"]["SSH"]["running"] = true; });
+    Console c(host, Roomy());
+    OpenTroubleshooting(c);
+    Select(c, "Modify the number of minutes that can elapse");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Availability timeout", 50ms)) << c->View().Text();
+    SaveScreenshot(c->View(), "shell-timeouts");
+
+    // 1440 for the availability, 1441 for the idle time-out: the first is written, the second refused.
+    size_t before = host.ToolCalls().size();
+    c->Type("1440x");
+    c->Key("Down");
+    c->Type("1441");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Invalid timeout value", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("Timeout value must be between 0 (disabled) and 1440 minutes"));
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextGone("Invalid timeout value")) << c->View().Text();
+    ASSERT_TRUE(c->WaitForTextSettled("Modify the number of minutes", 50ms)) << c->View().Text();
+    EXPECT_FALSE(c->View().Contains("Availability timeout"));
+    Calls calls = CallsSince(host, before);
+    // Written first, then only the running SSH restarted.
+    EXPECT_EQ(calls, (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
+                             "/UserVars/CorlaShellTimeOut", "-i", "86400"},
+                            {"/etc/init.d/CorlaShell", "status"},
+                            {"/etc/init.d/SSH", "status"},
+                            {"/etc/init.d/SSH", "restart"}}));
+    EXPECT_EQ(Option(host, "/UserVars/CorlaShellTimeOut"), 86400);
+    EXPECT_EQ(Option(host, "/UserVars/CorlaShellInteractiveTimeOut"), 0);
+    EXPECT_EQ(host.SyslogMatching("Modified Shell timeout to 1440 minutes").size(), 1u);
+
+    // Again: the stored value shows, entering it again runs nothing; the idle time-out restarts nothing.
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Availability timeout", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("1440"));
+    before = host.ToolCalls().size();
+    c->Key("Down");
+    c->Type("5");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextGone("Availability timeout")) << c->View().Text();
+    ASSERT_TRUE(WaitForSyslog(c, "Modified shell interactive timeout to 5 minutes"));
+    calls = CallsSince(host, before);
+    EXPECT_EQ(calls, (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
+                             "/UserVars/CorlaShellInteractiveTimeOut", "-i", "300"}}));
+}
+
+TEST(Troubleshooting, ConsoleTimeoutRefuses1441AndStores1440InSeconds) {
+    Console c(Roomy());
+    const SimHost& host = c.Host();
+    OpenTroubleshooting(c);
+    Select(c, "Modify the number of idle minutes");
+    // Typed over the shown value; the input takes five characters, so the last "9" of "014409" is dropped.
+    for (const char* typed : {"1441", "014409"}) {
+        SCOPED_TRACE(typed);
+        c->Key("Enter");
+        ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
+        c->Type(typed);
+        c->Key("Enter");
+        if (std::string(typed) == "1441") {
+            ASSERT_TRUE(c->WaitForTextSettled("Invalid timeout value", 50ms)) << c->View().Text();
+            c->Key("Enter");
+            ASSERT_TRUE(c->WaitForTextGone("Invalid timeout value")) << c->View().Text();
+            EXPECT_FALSE(c->View().Contains("Set idle timeout for TARN access"));
+            EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 600);
+        } else {
+            ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1440 minutes"));
+            EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 86400);
+        }
+        ASSERT_TRUE(c->WaitForTextSettled("Modify the number of idle minutes", 50ms)) << c->View().Text();
+    }
+}
+
+// Slow: the shortest idle time-out is one minute.
+TEST(TroubleshootingSlow, ConsoleTimeoutOfOneMinuteLogsTheIdleSessionOut) {
+    Console c(Roomy());
+    const SimHost& host = c.Host();
+    OpenTroubleshooting(c);
+    Select(c, "Modify the number of idle minutes");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
+    c->Type("1");
+    c->Key("Enter");
+    ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1 minutes"));
+    ASSERT_TRUE(c->WaitForTextGone("Troubleshooting Mode Options", 75s)) << c->View().Text();
+    EXPECT_TRUE(c->WaitForText("To manage this host"));
+    EXPECT_EQ(host.SyslogMatching("User root logged out due to time out").size(), 1u);
+    EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 60);
+}
+
+TEST(Troubleshooting, RestartAgentsWithAndWithoutTheLiveCore) {
+    SimHost host("default");
+    EditHost(host, [](nlohmann::json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
+    Console c(host, Roomy());
+    OpenTroubleshooting(c);
+    Select(c, "The management agents are the programs");
+    EXPECT_TRUE(c->View().Contains("<Enter> Restart"));
+
+    // Esc asks nothing of the host.
+    size_t before = host.ToolCalls().size();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Restart management agents now?", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("[ ] Collect extra troubleshooting information"));
+    c->Key("Enter"); // not the confirming key
+    c->Key("Esc");
+    ASSERT_TRUE(c->WaitForTextGone("Restart management agents now?")) << c->View().Text();
+    EXPECT_TRUE(CallsSince(host, before).empty());
+    EXPECT_TRUE(Events(host).empty());
+
+    for (bool collect : {false, true}) {
+        SCOPED_TRACE(collect);
+        ASSERT_TRUE(c->WaitForTextSettled("The management agents are the programs", 50ms));
+        before = host.ToolCalls().size();
+        c->Key("Enter");
+        ASSERT_TRUE(c->WaitForTextSettled("Restart management agents now?", 50ms)) << c->View().Text();
+        if (collect) {
+            c->Type(" ");
+            ASSERT_TRUE(c->WaitForText("[X] Collect extra troubleshooting information")) << c->View().Text();
+        }
+        c->Key("F11");
+        ASSERT_TRUE(c->WaitForTextSettled("Starting management agents. Done.", 50ms)) << c->View().Text();
+        // The stop fails on this host, and still reads "Done.".
+        EXPECT_TRUE(c->View().Contains("Stopping management agents. Done."));
+        EXPECT_EQ(c->View().Contains("Collecting host agent live core information. Done."), collect);
+        if (collect)
+            SaveScreenshot(c->View(), "restart-agents");
+        Calls calls = CallsSince(host, before);
+        EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "stop"}));
+        EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "start"}));
+        bool backtrace = false;
+        for (const auto& call : calls)
+            backtrace |= call[0].ends_with("/sbin/tesbacktrace");
+        EXPECT_EQ(backtrace, collect) << nlohmann::json(calls).dump();
+        c->Key("Enter");
+        ASSERT_TRUE(c->WaitForTextGone("Starting management agents.")) << c->View().Text();
+    }
+    EXPECT_EQ(Events(host),
+              std::vector<std::string>(2, "@&!*@*@(obe.user.tarn.restarting.hostagents)Restarting "
+                                          "host agents"));
+}
+
+void OpenReset(Console& c) {
+    MoveTo(c, kResetPane);
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Reset System Configuration now?", 50ms)) << c->View().Text();
+}
+
+TEST(ResetSystem, CancelledRunsNothingFailedReturnsToTheMenuWorkingRestartsAfterEnter) {
+    SimHost host("default");
+    EditHost(host, [](nlohmann::json& s) {
+        s["simulation"]["failing"] = {"resetCfg.py"};
+        s["services"]["SSH"]["running"] = true;
+    });
+    Console c(host, Roomy());
+    LogInAsRoot(c);
+    const std::vector<std::string> reset = {"/sbin/resetCfg.py", "--reset-only"};
+    size_t before = host.ToolCalls().size();
+    OpenReset(c);
+    c->Key("Enter"); // not the confirming key
+    c->Key("Esc");
+    ASSERT_TRUE(c->WaitForTextGone("Reset System Configuration now?")) << c->View().Text();
+    ASSERT_TRUE(c->WaitForTextSettled(kResetPane, 50ms)) << c->View().Text();
+    EXPECT_FALSE(Called(CallsSince(host, before), reset));
+    EXPECT_TRUE(Events(host).empty());
+
+    // The reset fails: back in the menu, no restart.
+    OpenReset(c);
+    c->Key("F11");
+    ASSERT_TRUE(c->WaitForTextGone("Reset System Configuration now?")) << c->View().Text();
+    ASSERT_TRUE(c->WaitForTextSettled(kResetPane, 50ms)) << c->View().Text();
+    EXPECT_TRUE(Called(CallsSince(host, before), reset));
+    EXPECT_EQ(host.HostJson()["power"]["state"], "on");
+    EXPECT_EQ(host.HostJson()["services"]["SSH"]["running"], true);
+    EXPECT_EQ(Events(host),
+              std::vector<std::string>{"@&!*@*@(obe.user.tarn.restore.factory.defaults)Restoring "
+                                       "factory defaults"});
+
+    // It works: text 181, and the host restarts only after Enter. Without the pid file the restart cannot
+    // end the console, which shows that it then waits without spinning.
+    EditHost(host, [](nlohmann::json& s) { s["simulation"]["failing"] = nlohmann::json::array(); });
+    std::filesystem::remove(host.Path("var/run/tarn.pid"));
+    OpenReset(c);
+    c->Key("F11");
+    ASSERT_TRUE(c->WaitForTextSettled("Default settings are restored. Press <Enter> to", 50ms))
+        << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("<Enter> Restart Host"));
+    EXPECT_FALSE(c->View().Contains("Reset System Configuration now?"));
+    EXPECT_EQ(host.HostJson()["services"]["SSH"]["running"], false);
+    EXPECT_EQ(host.HostJson()["power"]["state"], "on");
+    SaveScreenshot(c->View(), "reset-done");
+
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitFor([&] { return host.HostJson()["power"]["state"] == "rebooting"; }))
+        << c->View().Text();
+    auto start = ReadProcStats(c->Pid());
+    ASSERT_TRUE(start);
+    c->WaitQuiet(1s, 2s);
+    auto later = ReadProcStats(c->Pid());
+    ASSERT_TRUE(later);
+    EXPECT_LT(later->cpuSeconds - start->cpuSeconds, 0.1);
+    EXPECT_TRUE(c->Running());
+    c->Signal(SIGTERM);
+    auto status = c->WaitExit(5s);
+    ASSERT_TRUE(status);
+    EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
+}
+
+} // namespace
+} // namespace e2e
