@@ -149,6 +149,29 @@ int GetKey(Surface* window, bool useIdleTimeout) {
     }
 }
 
+int PollKey(int milliseconds) {
+    timeval tv{milliseconds / 1000, (milliseconds % 1000) * 1000};
+    const int input = WaitForInput(&tv);
+    if (input == KEY_RESIZE || input == kWaitResize)
+        ResizeAndExit();
+    switch (input) {
+    case kWaitNotify:
+        if (gCurrentWindow != nullptr)
+            gCurrentWindow->Notification();
+        CheckSmartCard();
+        return kNoKey;
+    case kWaitRestart:
+        if (!SessionActive())
+            exit(0);
+        SetRestartPending(true);
+        return kNoKey;
+    case kWaitTerminate:
+        exit(0);
+    default:
+        return input < 0 ? kNoKey : input;
+    }
+}
+
 void WaitForHostDown() {
     for (;;) {
         pollfd wake = {WakePipeReadEnd(), POLLIN, 0};

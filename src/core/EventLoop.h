@@ -18,6 +18,11 @@ int GetKey(Surface* window, bool useIdleTimeout);
 // The surface that receives the SIGUSR1 notification (the innermost one being run); null: none.
 void SetNotifiedSurface(Surface* surface);
 Surface* NotifiedSurface();
+// What PollKey returns when no key came in time.
+inline constexpr int kNoKey = -1;
+// Waits at most `milliseconds` for a key, for screens that watch work in progress between keys; signals are
+// handled as GetKey handles them. No idle time-out applies.
+int PollKey(int milliseconds);
 // Blocks without reading keys until a terminating signal (or a resize) ends the process: the host is going
 // down and takes the console with it. Sleeps in poll on the wake-up pipe alone, never spins.
 [[noreturn]] void WaitForHostDown();

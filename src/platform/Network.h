@@ -137,6 +137,15 @@ public:
     virtual void SetVlanId(const std::string& portGroup, uint16_t vlan) = 0;
 };
 
+// The settings of one port of a distributed switch.
+struct DVPortSettings {
+    std::string key;
+    std::string portGroup;
+    uint16_t vlan = 0;                // 0: none
+    std::vector<std::string> uplinks; // the active uplinks of the port's teaming, in order
+    bool hostLocal = false;           // created on this host, not by the switch's manager
+};
+
 // A distributed switch (kDS) as seen from this host.
 class DkSwitch {
 public:
@@ -147,6 +156,12 @@ public:
     virtual std::vector<std::string> GetPortKeys() = 0;
     virtual int GetUsedPorts() = 0;
     virtual void RemoveUplink(const std::string& pnic) = 0;
+    // Who made the switch ("Orvane" for the platform's own).
+    virtual std::string GetVendor() = 0;
+    // Throws when the switch has no port `key`.
+    virtual DVPortSettings GetPort(const std::string& key) = 0;
+    // A new port that this host keeps by itself; its key must be new on the switch.
+    virtual void AddHostLocalPort(const DVPortSettings& port) = 0;
 };
 
 class Portset {

@@ -33,6 +33,7 @@ public:
     }
     void SetVlanId(const std::string&, const std::string&, uint16_t) override { NotAvailable(); }
     void RemoveDistributedUplink(const std::string&, const std::string&) override { NotAvailable(); }
+    void AddDistributedPort(const std::string&, const DistributedPortRecord&) override { NotAvailable(); }
     void SetIpv6Enabled(bool) override { NotAvailable(); }
     void ClearNetworkConfig() override { NotAvailable(); }
     void AutoConfigNetwork() override { NotAvailable(); }

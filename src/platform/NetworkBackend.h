@@ -38,11 +38,15 @@ struct StandardSwitchRecord {
 struct DistributedPortRecord {
     std::string key;
     std::string portGroup;
+    uint16_t vlan = 0;
+    std::vector<std::string> uplinks;
+    bool hostLocal = false;
 };
 
 struct DistributedSwitchRecord {
     std::string name;
     std::string uuid;
+    std::string vendor = "Orvane";
     std::vector<std::string> uplinks;
     std::vector<DistributedPortRecord> ports;
 };
@@ -116,6 +120,7 @@ public:
 
     // Distributed switches.
     virtual void RemoveDistributedUplink(const std::string& dswitch, const std::string& pnic) = 0;
+    virtual void AddDistributedPort(const std::string& dswitch, const DistributedPortRecord& port) = 0;
 
     // Host-wide.
     virtual void SetIpv6Enabled(bool enabled) = 0; // takes effect at the next boot

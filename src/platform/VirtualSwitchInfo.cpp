@@ -84,6 +84,19 @@ void DkSwitchImpl::RemoveUplink(const std::string& pnic) {
     u.erase(std::remove(u.begin(), u.end(), pnic), u.end());
 }
 
+HostCtl::Network::DVPortSettings DkSwitchImpl::GetPort(const std::string& key) {
+    for (const auto& port : record_.ports)
+        if (port.key == key)
+            return {port.key, port.portGroup, port.vlan, port.uplinks, port.hostLocal};
+    throw HostCtl::Lib::HostCtlException("port " + key + " not found on " + record_.name);
+}
+
+void DkSwitchImpl::AddHostLocalPort(const HostCtl::Network::DVPortSettings& port) {
+    Platform::DistributedPortRecord record{port.key, port.portGroup, port.vlan, port.uplinks, true};
+    ActiveNetworkBackend().AddDistributedPort(record_.name, record);
+    record_.ports.push_back(std::move(record));
+}
+
 std::vector<std::unique_ptr<HostCtl::Network::VirtualSwitch>> VirtualSwitchInfoImpl::GetVirtualSwitches() {
     auto snapshot = ActiveNetworkBackend().Read();
     std::vector<std::unique_ptr<HostCtl::Network::VirtualSwitch>> out;

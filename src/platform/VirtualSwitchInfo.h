@@ -50,6 +50,9 @@ public:
     std::vector<std::string> GetPortKeys() override;
     int GetUsedPorts() override;
     void RemoveUplink(const std::string& pnic) override;
+    std::string GetVendor() override { return record_.vendor; }
+    HostCtl::Network::DVPortSettings GetPort(const std::string& key) override;
+    void AddHostLocalPort(const HostCtl::Network::DVPortSettings& port) override;
 
 private:
     Platform::DistributedSwitchRecord record_;

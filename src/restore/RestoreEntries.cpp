@@ -35,8 +35,4 @@ std::vector<RestoreEntry> BuildRestoreEntries(const RestoreConditions& c) {
     };
 }
 
-std::string RestoreEntryLabel(const std::string& title, bool enabled) {
-    return enabled ? title : "{color:dark-grey}" + title + "{/color}";
-}
-
 } // namespace Tarn

@@ -34,9 +34,6 @@ inline constexpr unsigned kRestoreDescriptionOffset = 6;
 // The six entries in screen order (63 to 68).
 std::vector<RestoreEntry> BuildRestoreEntries(const RestoreConditions& conditions);
 
-// The list text of an entry: its title, grey when it cannot be chosen.
-std::string RestoreEntryLabel(const std::string& title, bool enabled);
-
 // The screen's right footer hint before any entry was selected.
 extern const char* const kRestoreInitialHint;
 

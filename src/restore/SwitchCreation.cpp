@@ -6,8 +6,7 @@
 namespace Tarn {
 
 std::string UplinkInUseText(const std::string& uplink, const std::string& owner) {
-    return "The chosen uplink \"" + uplink + "\" is already in use by \"" + owner +
-           "\".\nDo you wish to detach the uplink and attach it to the newly created standard switch?";
+    return "The chosen uplink \"" + uplink + "\" is already in use by \"" + owner + "\".";
 }
 
 bool CreateStandardSwitchWithUplink(const std::string& name, const std::string& uplink,

@@ -6,8 +6,10 @@
 
 namespace Tarn {
 
-// "The chosen uplink "nicx1" is already in use by "kSwitch0".\nDo you wish to detach ...?"
+// "The chosen uplink "nicx1" is already in use by "kSwitch0"." (the question follows on its own line).
 std::string UplinkInUseText(const std::string& uplink, const std::string& owner);
+inline constexpr const char* kUplinkInUseQuestion =
+    "Do you wish to detach the uplink and attach it to the newly created standard switch?";
 
 // Takes `uplink` off `currentOwner` first when one is named, then creates `name` and adds the uplink. Every
 // command runs even when an earlier one failed (the failures are logged by the command runner); true when

@@ -5,7 +5,10 @@
 #include "hostops/HostActions.h"
 #include "network/NetworkAccess.h"
 #include "network/NetworkWindow.h"
+#include "network/RestartNetworkDialog.h"
+#include "network/TestDialog.h"
 #include "platform/HostCtlException.h"
+#include "restore/NetworkRestoreWindow.h"
 #include "screens/ChangePasswordDialog.h"
 #include "screens/KeyboardDialog.h"
 #include "screens/LockdownDialog.h"
@@ -46,17 +49,16 @@ void OpenNetworkWindow(MenuContext& context) {
 }
 
 void OpenRestartManagementNetwork(MenuContext& context) {
-    std::unique_ptr<HostCtl::Network::TesNic> management;
-    try {
-        management = FindManagementInterface();
-    } catch (const HostCtl::Lib::HostCtlException& e) {
-        Log(LOG_ERR, "Getting management interface failed: %s", e.what());
-    }
-    if (!management) {
-        MessageDialog message(&context.window, TextId::RestartManagementNetworkError,
-                              context.window.Text(TextId::ManagementInterfaceNotFound));
-        RunWindow(&message);
-    }
+    RunRestartManagementNetwork(&context.window);
+}
+
+void OpenTestManagementNetwork(MenuContext& context) {
+    RunTestManagementNetwork(&context.window);
+}
+
+void OpenNetworkRestoreOptions(MenuContext& context) {
+    NetworkRestoreWindow window(&context.window);
+    RunWindow(&window);
 }
 
 void OpenKeyboard(MenuContext& context) {

@@ -78,9 +78,9 @@ const std::vector<MenuRow>& MenuTable() {
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
         {TextId::ConfigureManagementNetwork,   nullptr,        Management,   ManagementBody, 0,                                kFooterMore,     OpenNetworkWindow},
         {TextId::RestartManagementNetwork,     nullptr,        Management,   nullptr,        TextId::RestartNetworkPaneHelp,   kFooterRestart,  OpenRestartManagementNetwork},
-        {TextId::TestManagementNetwork,        nullptr,        Management,   nullptr,        TextId::TestNetworkPaneHelp,      kFooterRunTest,  nullptr},
+        {TextId::TestManagementNetwork,        nullptr,        Management,   nullptr,        TextId::TestNetworkPaneHelp,      kFooterRunTest,  OpenTestManagementNetwork},
         // The same "Restart" words as the restart entry, on purpose.
-        {TextId::NetworkRestoreOptions,        nullptr,        nullptr,      nullptr,        TextId::NetworkRestorePaneHelp,   kFooterRestart,  nullptr},
+        {TextId::NetworkRestoreOptions,        nullptr,        nullptr,      nullptr,        TextId::NetworkRestorePaneHelp,   kFooterRestart,  OpenNetworkRestoreOptions},
         {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
         {TextId::ConfigureKeyboard,            KeyboardChoice, nullptr,      KeyboardBody,   0,                                kFooterMore,     OpenKeyboard},
         {TextId::TroubleshootingOptions,       nullptr,        nullptr,      nullptr,        TextId::TroubleshootingPaneHelp,  kFooterMore,     OpenTroubleshooting},

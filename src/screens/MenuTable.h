@@ -43,6 +43,8 @@ void OpenPasswordChange(MenuContext& context);
 void OpenLockdown(MenuContext& context);
 void OpenNetworkWindow(MenuContext& context);
 void OpenRestartManagementNetwork(MenuContext& context);
+void OpenTestManagementNetwork(MenuContext& context);
+void OpenNetworkRestoreOptions(MenuContext& context);
 void OpenKeyboard(MenuContext& context);
 // TroubleShootingWindow.cpp, RestoreDialog.cpp.
 void OpenTroubleshooting(MenuContext& context);

@@ -272,6 +272,25 @@ void SimNetworkBackend::RemoveDistributedUplink(const std::string& dswitch, cons
     });
 }
 
+void SimNetworkBackend::AddDistributedPort(const std::string& dswitch, const DistributedPortRecord& port) {
+    Change([&](Json& state) {
+        Json& d = Named(state, "/distributedSwitches", dswitch, "distributed switch");
+        for (const auto& existing : d["ports"])
+            if (existing.value("key", std::string()) == port.key)
+                throw HostCtlException("port " + port.key + " already exists on " + dswitch);
+        for (const auto& uplink : port.uplinks)
+            if (!Contains(d["uplinks"], uplink))
+                throw HostCtlException(uplink + " is not an uplink of " + dswitch);
+        if (port.vlan > 4094)
+            throw HostCtlException("Invalid VLAN ID: " + std::to_string(port.vlan));
+        d["ports"].push_back({{"key", port.key},
+                              {"portGroup", port.portGroup},
+                              {"vlan", port.vlan},
+                              {"uplinks", port.uplinks},
+                              {"hostLocal", port.hostLocal}});
+    });
+}
+
 void SimNetworkBackend::SetIpv6Enabled(bool enabled) {
     Operate({"SetTesIpv6Enabled", Text(enabled)},
             [&](Json& state) { state["ipv6"]["pendingEnabled"] = enabled; });

@@ -24,6 +24,7 @@ public:
                           const HostCtl::Network::NicTeamingPolicy& policy) override;
     void SetVlanId(const std::string& kswitch, const std::string& portGroup, uint16_t vlan) override;
     void RemoveDistributedUplink(const std::string& dswitch, const std::string& pnic) override;
+    void AddDistributedPort(const std::string& dswitch, const DistributedPortRecord& port) override;
     void SetIpv6Enabled(bool enabled) override;
     void ClearNetworkConfig() override;
     void AutoConfigNetwork() override;

@@ -160,10 +160,12 @@ NetworkSnapshot NetworkFromJson(const Json& state) {
             DistributedSwitchRecord r;
             r.name = d.at("name").get<std::string>();
             r.uuid = d.value("uuid", std::string());
+            r.vendor = d.value("vendor", std::string("Orvane"));
             r.uplinks = Strings(d, "uplinks");
             for (const auto& port : d.value("ports", Json::array()))
-                r.ports.push_back(
-                    {port.at("key").get<std::string>(), port.value("portGroup", std::string())});
+                r.ports.push_back({port.at("key").get<std::string>(), port.value("portGroup", std::string()),
+                                   port.value("vlan", uint16_t{0}), Strings(port, "uplinks"),
+                                   port.value("hostLocal", false)});
             s.distributedSwitches.push_back(std::move(r));
         }
         for (const auto& t : At(state, "/tesnics")) {

@@ -7,6 +7,7 @@
 #include "network/NetworkAccess.h"
 #include "network/RestartManagementNetwork.h"
 #include "restore/FactoryRestore.h"
+#include "restore/KdsRestore.h"
 #include "restore/StandardSwitchRestore.h"
 #include "restore/SwitchCreation.h"
 #include "ui/en_US_Factory.h"
@@ -101,10 +102,8 @@ TEST_F(RestoreActionsTest, SwitchCreationRunsEveryCommand) {
                                          "network kswitch standard uplink add -u nicx1 -v kSwitch5",
                                      }));
     EXPECT_TRUE(CreateStandardSwitchWithUplink("kSwitch6", "nicx2", ""));
-    EXPECT_EQ(
-        UplinkInUseText("nicx1", "kSwitch0"),
-        "The chosen uplink \"nicx1\" is already in use by \"kSwitch0\".\nDo you wish to detach the uplink "
-        "and attach it to the newly created standard switch?");
+    EXPECT_EQ(UplinkInUseText("nicx1", "kSwitch0"),
+              "The chosen uplink \"nicx1\" is already in use by \"kSwitch0\".");
 }
 
 TEST_F(RestoreActionsTest, RestartRenewsLeaseAndReports) {
@@ -134,4 +133,41 @@ TEST_F(RestoreActionsTest, RestartRenewsLeaseAndReports) {
     }
     EXPECT_TRUE(host_.Logged("Restarting tes0"));
     EXPECT_NE(Events().find("(obe.user.tarn.network.restart)Restarting tes0"), std::string::npos);
+}
+
+TEST_F(RestoreActionsTest, KdsRestoreAddsHostLocalPortAndMovesManagement) {
+    WriteHost([](Json& host) {
+        host["tesnics"][0]["connection"] = {{"type", 2}, {"switch", "kDS-1"}, {"port", "10"}};
+        host["distributedSwitches"][0]["uplinks"] = {"nicx2", "nicx3"};
+        host["distributedSwitches"][0]["ports"] = {{{"key", "10"}, {"portGroup", "dvpg-mgmt"}, {"vlan", 5}},
+                                                   {{"key", "hlp-1"}, {"portGroup", "dvpg-mgmt"}}};
+    });
+    auto context = ReadKdsPortContext();
+    ASSERT_TRUE(context);
+    EXPECT_EQ(context->vlan, 5);
+    EXPECT_FALSE(context->thirdParty);
+    ASSERT_TRUE(RestoreKdsPort(*context, 20, {"nicx3"}));
+    Json s = host_.State();
+    const Json& port = s["distributedSwitches"][0]["ports"][2];
+    EXPECT_EQ(port["key"], "hlp-2");
+    EXPECT_EQ(port["portGroup"], "dvpg-mgmt") << "cloned from the current port";
+    EXPECT_EQ(port["vlan"], 20);
+    EXPECT_EQ(port["uplinks"], Json::array({"nicx3"}));
+    EXPECT_EQ(s["tesnics"][0]["connection"]["port"], "hlp-2");
+
+    // An uplink the switch does not have is refused by the host, and nothing moves.
+    context = ReadKdsPortContext();
+    ASSERT_TRUE(context);
+    EXPECT_FALSE(RestoreKdsPort(*context, 0, {"nicx0"}));
+    EXPECT_EQ(host_.State()["tesnics"][0]["connection"]["port"], "hlp-2");
+    EXPECT_TRUE(host_.LoggedPrefix("Restoring kDS failed: "));
+
+    host_.ChangeState([](Json& s) { s["distributedSwitches"][0]["vendor"] = "Acme"; });
+    context = ReadKdsPortContext();
+    ASSERT_TRUE(context);
+    EXPECT_TRUE(context->thirdParty);
+    host_.ChangeState([](Json& s) {
+        s["tesnics"][0]["connection"] = {{"type", 1}, {"portGroup", "Management Network"}};
+    });
+    EXPECT_FALSE(ReadKdsPortContext()) << "management on a standard switch";
 }

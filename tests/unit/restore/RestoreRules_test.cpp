@@ -51,6 +51,4 @@ TEST(RestoreEntries, EnablingFollowsAgentAndDistributedSwitch) {
         EXPECT_EQ(enabled, c.enabled);
         EXPECT_EQ(ids, (std::vector<unsigned>{63, 64, 65, 66, 67, 68}));
     }
-    EXPECT_EQ(RestoreEntryLabel("Restore kDS", false), "{color:dark-grey}Restore kDS{/color}");
-    EXPECT_EQ(RestoreEntryLabel("Restore kDS", true), "Restore kDS");
 }

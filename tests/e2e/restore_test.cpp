@@ -1,0 +1,137 @@
+// Network Restore Options end to end: factory restore declined, failing and succeeding; the move off a
+// distributed switch; switch and port group creation refusals.
+#include "Flows.h"
+
+namespace e2e {
+namespace {
+
+constexpr const char* kRestorePane = "To view various network restore options";
+
+void OpenRestoreOptions(Console& c) {
+    LogInAsRoot(c);
+    MoveTo(c, kRestorePane);
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Create a new standard virtual switch")) << c->View().Text();
+}
+
+// Moves down in the restore screen until the pane shows `text`.
+void Select(Console& c, const std::string& text) {
+    MoveTo(c, text);
+}
+
+void StartFactoryRestore(Console& c) {
+    OpenRestoreOptions(c);
+    Select(c, "Restoring the network settings will revert");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Are you sure you want to reset")) << c->View().Text();
+    c->Key("F11");
+}
+
+TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningChangesNothing) {
+    Console c(Roomy("running-vms"));
+    const SimHost& host = c.Host();
+    const auto before = host.HostJson();
+    const size_t events = Events(host).size();
+    StartFactoryRestore(c);
+    ASSERT_TRUE(c->WaitForTextSettled("Host has VMs running.")) << c->View().Text();
+    c->Key("Esc");
+    ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
+    const auto after = host.HostJson();
+    for (const char* key : {"standardSwitches", "tesnics", "vms"})
+        EXPECT_EQ(after[key], before[key]) << key;
+    EXPECT_FALSE(after.contains("netDumper"));
+    EXPECT_EQ(Events(host).size(), events);
+}
+
+TEST(Restore, FailingPowerOffKeepsTheNetworkAndStillReports) {
+    Console c(Roomy("running-vms"));
+    const SimHost& host = c.Host();
+    EditHost(host, [](nlohmann::json& s) { s["simulation"]["failing"] = {"haltGuests"}; });
+    const auto before = host.HostJson();
+    StartFactoryRestore(c);
+    ASSERT_TRUE(c->WaitForTextSettled("Host has VMs running.")) << c->View().Text();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Powering Off VMs. Failed.")) << c->View().Text();
+    EXPECT_FALSE(c->View().Contains("Auto-configuring network."));
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
+    const auto after = host.HostJson();
+    EXPECT_EQ(after["tesnics"], before["tesnics"]);
+    EXPECT_EQ(after["standardSwitches"], before["standardSwitches"]);
+    EXPECT_EQ(Events(host).back(),
+              "@&!*@*@(obe.user.tarn.factory.network.restored)Restoring factory network settings");
+}
+
+TEST(Restore, SuccessfulRestoreShowsTheDhcpAddressOnTheWelcomeScreen) {
+    Console c(Roomy());
+    StartFactoryRestore(c);
+    ASSERT_TRUE(c->WaitForTextSettled("Auto-configuring network. Done.")) << c->View().Text();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
+    c->Key("Esc");
+    ASSERT_TRUE(c->WaitForTextSettled(kRestorePane)) << c->View().Text();
+    c->Key("Esc");
+    ASSERT_TRUE(c->WaitForText("192.0.2.77")) << c->View().Text();
+    EXPECT_EQ(c.Host().HostJson()["tesnics"][0]["running"]["dhcp"], true);
+}
+
+TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) {
+    Console c(Roomy("dvs"));
+    const SimHost& host = c.Host();
+    EditHost(host, [](nlohmann::json& s) {
+        s["standardSwitches"].push_back({{"name", "kSwitch1"},
+                                         {"ports", 128},
+                                         {"uplinks", nlohmann::json::array()},
+                                         {"portGroups", nlohmann::json::array()}});
+    });
+    OpenRestoreOptions(c);
+    Select(c, "Try Restore kDS option");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Move the management network onto a standard switch?"))
+        << c->View().Text();
+    c->Key("F11");
+    ASSERT_TRUE(c->WaitForTextSettled("Reconfigure properties of misconfigured kDS")) << c->View().Text();
+    const auto state = host.HostJson();
+    ASSERT_EQ(state["standardSwitches"].size(), 3u);
+    EXPECT_EQ(state["standardSwitches"][2]["name"], "kSwitch2");
+    EXPECT_EQ(state["standardSwitches"][2]["uplinks"], nlohmann::json::array({"nicx2", "nicx3"}));
+    EXPECT_EQ(state["tesnics"][0]["connection"]["type"], 1);
+    EXPECT_FALSE(host.SyslogMatching("Enabling safe mode networking").empty());
+    c->Key("Up"); // the restore entry is greyed now and skipped
+    EXPECT_TRUE(c->WaitForText("Restoring the network settings will revert")) << c->View().Text();
+}
+
+TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
+    Console c(Roomy());
+    const SimHost& host = c.Host();
+    OpenRestoreOptions(c);
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
+    c->Type("kSwitch7");
+    c->Key("Enter"); // the first NIC is marked, and kSwitch0 uses it
+    ASSERT_TRUE(c->WaitForTextSettled("is already in use by \"kSwitch0\"")) << c->View().Text();
+    c->Key("N");
+    ASSERT_TRUE(c->WaitForTextSettled("Operation Cancelled")) << c->View().Text();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
+    EXPECT_EQ(host.HostJson()["standardSwitches"].size(), 1u);
+    c->Key("Esc");
+    EXPECT_TRUE(c->WaitForTextSettled("Create a new standard virtual switch")) << c->View().Text();
+}
+
+TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
+    Console c(Roomy());
+    OpenRestoreOptions(c);
+    Select(c, "Create a new port group by name");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Portgroup Name:")) << c->View().Text();
+    c->Type("Management Network");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Operation Failed")) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("Please check the syslog for more information."));
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Portgroup Name:")) << c->View().Text();
+}
+
+} // namespace
+} // namespace e2e
