@@ -89,10 +89,11 @@ bool CreateVssDialog(Frame* parent) {
         if (auto it = owners.find(uplink); it != owners.end())
             owner = it->second;
         if (!owner.empty()) {
-            // The question below the text, so that both fit the dialog's width.
-            ConfirmDialog ask(&form, {60, 11, 6},
-                              {form.Text(TextId::UplinkInUse), UplinkInUseText(uplink, owner),
-                               kUplinkInUseQuestion, kYesNoCancelFooter, kYesNoCancelKeys});
+            // Text and question together in the top pane: the wrapped question needs more than one row.
+            ConfirmDialog ask(&form, {60, 12, 9},
+                              {form.Text(TextId::UplinkInUse),
+                               UplinkInUseText(uplink, owner) + "\n" + kUplinkInUseQuestion, "",
+                               kYesNoCancelFooter, kYesNoCancelKeys});
             if (ask.Ask() != Answer::Yes) {
                 Message(&form, TextId::OperationCancelled, form.Text(TextId::OperationCancelled));
                 return FormKey::Used;
