@@ -110,7 +110,7 @@ TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
     c->Type("kSwitch7");
     c->Key("Enter"); // the first NIC is marked, and kSwitch0 uses it
     ASSERT_TRUE(c->WaitForTextSettled("\"kSwitch0\".")) << c->View().Text();
-    c->Key("N");
+    c->Type("N");
     ASSERT_TRUE(c->WaitForTextSettled("Operation Cancelled")) << c->View().Text();
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
