@@ -122,7 +122,10 @@ void Window::Draw(bool active) {
         for (Window* child : children_)
             child->Draw(true);
         ScreenUpdate::Stage(win_);
-        if (IsTopLevel()) {
+        // A window shown for the first time keeps the cursor as its owner set it (a form shows it in the
+        // focused field); one that was dimmed gets back what it had.
+        if (IsTopLevel() && cursorSaved_) {
+            cursorSaved_ = false;
             ShowCursor(savedCursorVisible_ != 0);
             if (savedCursorVisible_ != 0) {
                 gCursor.column = savedCursorColumn_;
@@ -134,6 +137,7 @@ void Window::Draw(bool active) {
     } else {
         // Save only on the way from active to inactive: a second dimming must not save the hidden cursor.
         if (IsTopLevel() && active_) {
+            cursorSaved_ = true;
             savedCursorVisible_ = gCursor.visible;
             savedCursorColumn_ = gCursor.column;
             savedCursorRow_ = gCursor.row;

@@ -58,7 +58,8 @@ public:
     const std::vector<Window*>& Children() const { return children_; }
 
 protected:
-    // Saved cursor state while the window is inactive.
+    // Saved cursor state while the window is inactive; only a window that was dimmed has one to restore.
+    bool cursorSaved_ = false;
     int savedCursorVisible_ = 0;
     int savedCursorColumn_ = 0;
     int savedCursorRow_ = 0;

@@ -17,6 +17,25 @@ void CloseMessage(Console& c, const std::string& text) {
     ASSERT_TRUE(c->WaitForTextSettled(kLoginTitle, 50ms));
 }
 
+// The text cursor shows in the focused field, on terminals that can hide it and on those that cannot.
+TEST(Login, TextCursorStandsInTheFocusedField) {
+    for (const char* term : {"xterm-256color", "vt102"}) {
+        SCOPED_TRACE(term);
+        Console c({.term = term, .rows = 30, .cols = 100});
+        OpenLogin(c);
+        const Pos name = c->Find("Login Name:").value_or(Pos{});
+        EXPECT_TRUE(c->View().CursorVisible());
+        EXPECT_EQ(c->View().Cursor().row, name.row);
+        const Pos root = c->Find("root").value_or(Pos{});
+        EXPECT_EQ(c->View().Cursor().col, root.col + 4) << "after the preset name";
+        c->Key("Down");
+        c->WaitQuiet(100ms);
+        const Pos password = c->Find("Password:").value_or(Pos{});
+        EXPECT_TRUE(c->View().CursorVisible());
+        EXPECT_EQ(c->View().Cursor().row, password.row);
+    }
+}
+
 TEST(Login, EscThenWrongPasswordThenNoPermissionThenRootWithTheEmptyPassword) {
     Console c(Roomy());
     const SimHost& host = c.Host();
