@@ -176,7 +176,7 @@ TEST(Network, DnsVlanAndAdaptersApplyWhileTheGatewayStageFails) {
     EXPECT_EQ(state["dns"]["hostname"], "host02");
     EXPECT_EQ(state["dns"]["servers"][0], "192.0.2.60");
     EXPECT_EQ(host.SyslogMatching("Changed vlan, restarting management interface").size(), 1u);
-    EXPECT_TRUE(c->View().Contains("host02")) << c->View().Text();
+    EXPECT_TRUE(c->WaitForText("host02")) << c->View().Text();
 }
 
 } // namespace
