@@ -4,6 +4,7 @@
 #include "core/EventLoop.h"
 #include "hostops/AgentRestart.h"
 #include "ui/DialogSize.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"
 #include "ui/TextIds.h"

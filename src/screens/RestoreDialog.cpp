@@ -6,13 +6,14 @@
 #include "hostops/SystemReset.h"
 #include "screens/MenuTable.h"
 #include "ui/DialogSize.h"
+#include "ui/RunWindow.h"
 #include "ui/TextArea.h"
 #include "ui/TextIds.h"
 
 namespace Tarn {
 namespace {
 
-constexpr DialogSize kSize = {60, 12, 6};
+constexpr DialogSize kSize = {60, 12, 7};
 constexpr const char* kRestartHostFooter =
     "{align:right}{color:black}<Enter>{/color} {color:dark-grey}Restart Host{/color}{/align}";
 

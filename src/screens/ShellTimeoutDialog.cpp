@@ -5,6 +5,7 @@
 #include "hostops/ShellTimeouts.h"
 #include "hostops/TimeoutValue.h"
 #include "ui/ConfirmDialog.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
 

@@ -5,6 +5,7 @@
 #include "core/Keys.h"
 #include "hostops/TarnTimeout.h"
 #include "hostops/TimeoutValue.h"
+#include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
 

@@ -8,6 +8,7 @@
 #include "screens/ShellTimeoutDialog.h"
 #include "screens/TarnTimeoutDialog.h"
 #include "ui/ItemList.h"
+#include "ui/RunWindow.h"
 #include "ui/TextIds.h"
 
 namespace Tarn {
