@@ -20,7 +20,7 @@ constexpr const char* kEnterOk =
 
 // Restarting cuts remote sessions: only F11 goes on, Enter is ignored like every other key.
 bool RestartNetworkDialog(Frame* parent) {
-    ConfirmDialog confirm(parent, {60, 12, 7},
+    ConfirmDialog confirm(parent, {60, 13, 8},
                           {parent->Text(TextId::RestartManagementNetworkConfirm),
                            parent->Text(TextId::RestartNetworkWarning),
                            parent->Text(TextId::RestartNetworkQuestion), kF11OkCancelFooter, kF11CancelKeys});
