@@ -14,7 +14,6 @@
 #include "platform/SystemInfo.h"
 #include "screens/ChangePasswordDialog.h"
 #include "screens/KeyboardDialog.h"
-#include "screens/ListFocus.h"
 #include "screens/LoginModel.h"
 #include "screens/Pam.h"
 #include "screens/PasswordModel.h"
@@ -70,12 +69,6 @@ std::string ConfiguredKeyboardText() {
     return "Configured Keyboard (" + layout + ")";
 }
 
-// The cursor shows while a form is open, on every way out (an idle time-out included).
-struct CursorShown {
-    CursorShown() { Window::ShowCursor(true); }
-    ~CursorShown() { Window::ShowCursor(false); }
-};
-
 } // namespace
 
 void ClearPasswordField(InputItem& field) {
@@ -86,13 +79,14 @@ bool LoginAllowed() {
     return access(Platform::HostPath("/var/run/orvane/show-tarn-login").c_str(), F_OK) == 0;
 }
 
-LoginDialog::LoginDialog(Frame* parent) : Dialog(parent, kWidth, DialogHeight(), kSplitRow) {
+LoginDialog::LoginDialog(Frame* parent)
+    : FormDialog(parent, {kWidth, DialogHeight(), kSplitRow}, "", "", "") {
     if (KeyboardChoice())
         keyboard_ = std::make_unique<LabelItem>(ConfiguredKeyboardText(), true);
     pinMode_ = !SmartCardUser().empty();
-    if (content_ != nullptr)
-        list_ = content_->AddChild<ItemList>(0, 0, content_->Width(), content_->Height());
     Layout(pinMode_);
+    SetShowCursor(true);
+    SetKeyHook([this](int key) { return OnKey(key); });
 }
 
 LoginDialog::~LoginDialog() {
@@ -116,70 +110,56 @@ void LoginDialog::Layout(bool pinMode) {
         items.push_back(keyboard_.get());
     items.push_back(login_.get());
     items.push_back(password_.get());
-    if (list_ != nullptr)
-        list_->SetItems(items);
+    SetItems(items);
 }
 
 int LoginDialog::Focus() const {
-    return list_ != nullptr ? list_->FocusIndex() : 0;
+    return List() != nullptr ? List()->FocusIndex() : 0;
 }
 
 void LoginDialog::FocusItem(int index) {
-    if (list_ != nullptr)
-        FocusListItem(*list_, index);
+    if (List() != nullptr)
+        List()->FocusItem(index);
 }
 
 int LoginDialog::Foreground() {
-    CursorShown cursor;
     Layout(pinMode_);
     FocusItem(KeyboardChoice() ? 1 : 0);
-    Draw(true);
+    return FormDialog::Foreground();
+}
+
+FormKey LoginDialog::OnKey(int key) {
     const int itemCount = keyboard_ != nullptr ? 3 : 2;
-    for (;;) {
-        const int key = GetKey(this, true);
-        switch (DecideLoginKey(key, Focus(), itemCount, keyboard_ != nullptr)) {
-        case LoginKeyAction::Cancel:
-            return 0;
-        case LoginKeyAction::RunKeyboard: {
-            ChooseKeyboardLayout(this);
-            keyboard_->SetText(ConfiguredKeyboardText());
-            Draw(true);
-            break;
-        }
-        case LoginKeyAction::FocusNext:
-            FocusItem(Focus() + 1);
-            break;
-        case LoginKeyAction::FocusFirst:
-            FocusItem(0);
-            break;
-        case LoginKeyAction::Up:
-            if (list_ != nullptr)
-                list_->Up();
-            break;
-        case LoginKeyAction::Down:
-            if (list_ != nullptr)
-                list_->Down();
-            break;
-        case LoginKeyAction::SwitchMode:
-            pinMode_ = !pinMode_;
-            Layout(pinMode_);
-            FocusItem(KeyboardChoice() ? 1 : 0);
-            Draw(true);
-            break;
-        case LoginKeyAction::Edit: {
-            auto* field = dynamic_cast<InputItem*>(list_ != nullptr ? list_->FocusedItem() : nullptr);
-            if (field != nullptr && field->HandleKey(key))
-                list_->Draw();
-            break;
-        }
-        case LoginKeyAction::Submit:
-            if (Submit())
-                return 1;
-            break;
-        case LoginKeyAction::Ignore:
-            break;
-        }
+    switch (DecideLoginKey(key, Focus(), itemCount, keyboard_ != nullptr)) {
+    case LoginKeyAction::Cancel:
+        return FormKey::Cancel;
+    case LoginKeyAction::RunKeyboard:
+        ChooseKeyboardLayout(this);
+        keyboard_->SetText(ConfiguredKeyboardText());
+        Draw(true);
+        break;
+    case LoginKeyAction::FocusNext:
+        FocusItem(Focus() + 1);
+        break;
+    case LoginKeyAction::FocusFirst:
+        FocusItem(0);
+        break;
+    case LoginKeyAction::Up:
+    case LoginKeyAction::Down:
+    case LoginKeyAction::Edit:
+        return FormKey::Unused; // the list moves and edits the focused field
+    case LoginKeyAction::SwitchMode:
+        pinMode_ = !pinMode_;
+        Layout(pinMode_);
+        FocusItem(KeyboardChoice() ? 1 : 0);
+        Draw(true);
+        break;
+    case LoginKeyAction::Submit:
+        return Submit() ? FormKey::Close : FormKey::Used;
+    case LoginKeyAction::Ignore:
+        break;
     }
+    return FormKey::Used;
 }
 
 bool LoginDialog::Submit() {
@@ -208,8 +188,8 @@ bool LoginDialog::Submit() {
     }
     ClearPasswordField(*password_);
     // Only the list is repainted: a full draw would throw away keys typed after the message closed.
-    if (list_ != nullptr)
-        list_->Draw();
+    if (List() != nullptr)
+        List()->Draw();
     return false;
 }
 

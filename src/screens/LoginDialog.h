@@ -2,7 +2,7 @@
 // dialog shown instead when console login is switched off.
 #pragma once
 
-#include "ui/Window.h"
+#include "ui/FormDialog.h"
 
 #include <memory>
 #include <string>
@@ -19,16 +19,18 @@ bool LoginAllowed();
 // Wipes a masked field's text in place and empties it.
 void ClearPasswordField(InputItem& field);
 
-class LoginDialog : public Dialog {
+// A form whose Enter and Tab step through the fields and whose keys switch between password and smart-card
+// login; the credentials are checked on the password field's Enter.
+class LoginDialog : public FormDialog {
 public:
     explicit LoginDialog(Frame* parent);
     ~LoginDialog() override;
-    // 1 when the user is authenticated, 0 when cancelled.
+    // Lays the fields out afresh, then runs the form: 1 when the user is authenticated, 0 when cancelled.
     int Foreground() override;
-    bool Run() { return Foreground() != 0; }
     const std::string& UserName() const { return userName_; }
 
 private:
+    FormKey OnKey(int key);
     // Texts, footer and fields for the mode; the password field starts empty.
     void Layout(bool pinMode);
     int Focus() const;
@@ -38,7 +40,6 @@ private:
 
     std::string userName_;
     bool pinMode_ = false;
-    ItemList* list_ = nullptr; // owned by the content pane
     std::unique_ptr<LabelItem> keyboard_;
     std::unique_ptr<InputItem> login_;
     std::unique_ptr<InputItem> password_;
