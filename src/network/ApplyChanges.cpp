@@ -5,6 +5,7 @@
 #include "core/Log.h"
 #include "hostops/KelpCmd.h"
 #include "network/NetworkAccess.h"
+#include "network/SwitchListing.h"
 #include "platform/NetworkInfo.h"
 #include "platform/PnicImpl.h"
 
@@ -53,9 +54,16 @@ void Adapters(ApplyRun& run) {
         for (const auto& uplink : current)
             if (!Contains(p.adapters, uplink) && RemoveManagementUplink(run.management, uplink))
                 run.uplinksChanged = true;
-        for (const auto& adapter : p.adapters)
-            if (!Contains(current, adapter) && AddManagementUplink(run.management, adapter))
+        // An adapter that serves another switch was agreed to be taken over in the adapters dialog.
+        const std::string own = GetConnectionSwitchName(*run.management.GetConnectionPoint());
+        for (const auto& adapter : p.adapters) {
+            if (Contains(current, adapter))
+                continue;
+            if (const std::string user = FindUplinkUser(adapter); !user.empty() && user != own)
+                ReleaseUplink(adapter, own);
+            if (AddManagementUplink(run.management, adapter))
                 run.uplinksChanged = true;
+        }
         // The order of selection is the failover order.
         if (!p.adapters.empty())
             SetManagementTeamingOrder(run.management, p.adapters, p.activeUplinks);

@@ -94,6 +94,22 @@ std::string FindUplinkUser(const std::string& pnic) {
     return {};
 }
 
+bool ReleaseUplink(const std::string& pnic, const std::string& keep) {
+    try {
+        TesCtl::Network::VirtualSwitchInfoImpl info;
+        for (auto& kswitch : info.GetVirtualSwitches())
+            if (kswitch->GetName() != keep && Contains(kswitch->GetUplinks(), pnic))
+                kswitch->RemoveUplink(pnic);
+        for (auto& dswitch : info.GetDkSwitches())
+            if (dswitch->GetName() != keep && Contains(dswitch->GetUplinks(), pnic))
+                dswitch->RemoveUplink(pnic);
+        return true;
+    } catch (const HostCtlException& e) {
+        Log(LOG_ERR, "Removing uplink %s failed: %s", pnic.c_str(), e.what());
+        return false;
+    }
+}
+
 bool GetDvsUsedUplinks(const std::string& name, std::vector<std::string>& uplinks) {
     try {
         for (auto& dswitch : TesCtl::Network::VirtualSwitchInfoImpl().GetDkSwitches()) {

@@ -30,6 +30,9 @@ std::map<std::string, std::string> GatherStandardSwitchUplinks();
 // Name of the standard or distributed switch that uses `pnic` as an uplink; empty when none.
 std::string FindUplinkUser(const std::string& pnic);
 
+// Takes `pnic` off every standard or distributed switch other than `keep` (logged on failure).
+bool ReleaseUplink(const std::string& pnic, const std::string& keep);
+
 // Uplinks in use on the distributed switch `name`.
 bool GetDvsUsedUplinks(const std::string& name, std::vector<std::string>& uplinks);
 

@@ -215,3 +215,13 @@ TEST_F(ApplyChangesTest, DistributedSwitchSkipsUplinksAndVlanAndDhcpTakesALease)
     EXPECT_EQ(feedback_.events, (std::vector<std::string>{"refresh"}));
     EXPECT_EQ(host_.State()["tesnics"][0]["running"]["address"], "192.0.2.77");
 }
+
+TEST_F(ApplyChangesTest, AnAdapterOfAnotherSwitchIsTakenOver) {
+    Open();
+    pending_.TakeAdapters({{"nicx0", "nicx2"}, 2});
+    Apply();
+    const Json state = host_.State();
+    EXPECT_EQ(state["distributedSwitches"][0]["uplinks"], Json::array());
+    EXPECT_EQ(state["standardSwitches"][0]["uplinks"], Json::parse(R"(["nicx0", "nicx2"])"));
+    EXPECT_EQ(HostCalls().front(), "RemoveDkSwitchUplink kDS-1 nicx2");
+}
