@@ -26,8 +26,7 @@ const std::map<std::string, KeyInfo>& KeyTable() {
         {"Left", {"kcub1", "\x1b[D"}},    {"Home", {"khome", "\x1b[1~"}},   {"End", {"kend", "\x1b[4~"}},
         {"PageUp", {"kpp", "\x1b[5~"}},   {"PageDown", {"knp", "\x1b[6~"}}, {"Insert", {"kich1", "\x1b[2~"}},
         {"Delete", {"kdch1", "\x1b[3~"}}, {"Backspace", {"kbs", "\x7f"}},   {"Enter", {nullptr, "\r"}},
-        {"LineFeed", {nullptr, "\n"}},
-        {"Esc", {nullptr, "\x1b"}},       {"Tab", {nullptr, "\t"}},
+        {"LineFeed", {nullptr, "\n"}},    {"Esc", {nullptr, "\x1b"}},       {"Tab", {nullptr, "\t"}},
     };
     return table;
 }
