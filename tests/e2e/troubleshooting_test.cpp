@@ -21,6 +21,15 @@ Calls CallsSince(const SimHost& host, size_t before) {
     return Calls(all.begin() + static_cast<long>(std::min(before, all.size())), all.end());
 }
 
+// The calls that change something: the status reads with which the window refreshes its lines left out.
+Calls Actions(const Calls& calls) {
+    Calls actions;
+    for (const auto& call : calls)
+        if (call.back() != "status")
+            actions.push_back(call);
+    return actions;
+}
+
 bool Called(const Calls& calls, const std::vector<std::string>& call) {
     return std::find(calls.begin(), calls.end(), call) != calls.end();
 }
@@ -124,11 +133,10 @@ TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
     EXPECT_FALSE(c->View().Contains("Availability timeout"));
     Calls calls = CallsSince(host, before);
     // Written first, then only the running SSH restarted.
-    EXPECT_EQ(calls, (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
-                             "/UserVars/CorlaShellTimeOut", "-i", "86400"},
-                            {"/etc/init.d/CorlaShell", "status"},
-                            {"/etc/init.d/SSH", "status"},
-                            {"/etc/init.d/SSH", "restart"}}));
+    EXPECT_EQ(Actions(calls), (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
+                                      "/UserVars/CorlaShellTimeOut", "-i", "86400"},
+                                     {"/etc/init.d/SSH", "restart"}}));
+    EXPECT_TRUE(Called(calls, {"/etc/init.d/SSH", "status"}));
     EXPECT_EQ(Option(host, "/UserVars/CorlaShellTimeOut"), 86400);
     EXPECT_EQ(Option(host, "/UserVars/CorlaShellInteractiveTimeOut"), 0);
     EXPECT_EQ(host.SyslogMatching("Modified Shell timeout to 1440 minutes").size(), 1u);
@@ -143,7 +151,7 @@ TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextGone("Availability timeout")) << c->View().Text();
     ASSERT_TRUE(WaitForSyslog(c, "Modified shell interactive timeout to 5 minutes"));
-    calls = CallsSince(host, before);
+    calls = Actions(CallsSince(host, before));
     EXPECT_EQ(calls, (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
                              "/UserVars/CorlaShellInteractiveTimeOut", "-i", "300"}}));
 }
@@ -207,7 +215,7 @@ TEST(Troubleshooting, RestartAgentsWithAndWithoutTheLiveCore) {
     c->Key("Enter"); // not the confirming key
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextGone("Restart management agents now?")) << c->View().Text();
-    EXPECT_TRUE(CallsSince(host, before).empty());
+    EXPECT_TRUE(Actions(CallsSince(host, before)).empty());
     EXPECT_TRUE(Events(host).empty());
 
     for (bool collect : {false, true}) {
