@@ -4,9 +4,11 @@
 
 #include "simhost/model/Scenarios.h"
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <thread>
 #include <unistd.h>
 
 namespace SimHost::Tools {
@@ -21,6 +23,9 @@ int SvcCtl(const Call& call) {
     std::string verb = call.args.empty() ? "" : call.args[0];
     if (verb != "stop" && verb != "start")
         return Complain(call, "usage: svcctl.sh stop|start");
+    // Agents take a moment to shut down: a live core started just before the stop still finds stewd.
+    if (verb == "stop")
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
     Transact(call.dir, [&](Json& s) {
         for (const char* agent : kAgents)
             s["services"][agent]["running"] = verb == "start";
