@@ -152,7 +152,7 @@ bool NetworkWindow::Open(int index) {
     return false;
 }
 
-void NetworkWindow::Refresh() {
+void NetworkWindow::Reload() {
     // The pending model is the window's state: nothing is read again from the host.
 }
 

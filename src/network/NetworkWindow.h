@@ -29,7 +29,7 @@ public:
 protected:
     SummaryPane Pane(int index) override;
     bool Open(int index) override;
-    void Refresh() override;
+    void Reload() override;
 
 private:
     class Feedback;

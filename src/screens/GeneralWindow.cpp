@@ -184,7 +184,7 @@ bool GeneralWindow::Open(int index) {
     return true;
 }
 
-void GeneralWindow::Refresh() {
+void GeneralWindow::Reload() {
     // Any task may have changed what the menu shows: ask the host again.
     ReadLockdown();
     ReadManagement();

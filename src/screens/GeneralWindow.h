@@ -20,7 +20,7 @@ public:
 protected:
     SummaryPane Pane(int index) override;
     bool Open(int index) override;
-    void Refresh() override;
+    void Reload() override;
     void OnOtherKey(int index, int key) override;
     void Leaving(int index) override;
 

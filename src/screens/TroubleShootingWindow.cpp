@@ -100,7 +100,7 @@ bool TroubleShootingWindow::Open(int index) {
     }
 }
 
-void TroubleShootingWindow::Refresh() {
+void TroubleShootingWindow::Reload() {
     // The toggles' titles follow the new state; the cursor stays on the entry that ran.
     const int selected = Selected();
     ReadStates();

@@ -14,7 +14,7 @@ public:
 protected:
     SummaryPane Pane(int index) override;
     bool Open(int index) override;
-    void Refresh() override;
+    void Reload() override;
 
 private:
     // Whether the Corla Shell and SSH run, as their init scripts say.

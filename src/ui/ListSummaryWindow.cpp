@@ -95,7 +95,7 @@ int ListSummaryWindow::Foreground() {
         } else if (key == Key::Enter) {
             if (index < 0 || !Open(index))
                 continue; // nothing ran: nothing changed, nothing to redraw
-            Refresh();
+            Reload();
             ScreenUpdate update;
             list_->Draw(true);
             DrawPane();

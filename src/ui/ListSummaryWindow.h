@@ -51,10 +51,11 @@ protected:
     // The summary of entry `index` (-1: nothing selected).
     virtual SummaryPane Pane(int index) = 0;
     // Enter on entry `index`: true when a task ran, which may have changed the host; the window then calls
-    // Refresh and redraws.
+    // Reload and redraws.
     virtual bool Open(int index) = 0;
     // Reads again what the entries and summaries show (SetEnabled for the entries).
-    virtual void Refresh() {}
+    // Not named Refresh: that is the frame's screen refresh, which closing a dialog over the window calls.
+    virtual void Reload() {}
     // A key the loop has no use for, on entry `index`.
     virtual void OnOtherKey(int index, int key) {
         (void)index;
