@@ -97,6 +97,29 @@ int WaitForInput(const timeval* timeout) {
     return kWaitOther;
 }
 
+// Acts on what a wait returned other than a key (resize, notification, restart request, terminate) and
+// gives back the key, or a negative value when there is none to deliver.
+static int TakeWakeUp(int input) {
+    if (input == KEY_RESIZE || input == kWaitResize)
+        ResizeAndExit();
+    switch (input) {
+    case kWaitNotify:
+        if (gCurrentWindow != nullptr)
+            gCurrentWindow->Notification();
+        CheckSmartCard();
+        return -1;
+    case kWaitRestart:
+        if (!SessionActive())
+            exit(0);
+        SetRestartPending(true);
+        return -1;
+    case kWaitTerminate:
+        exit(0);
+    default:
+        return input;
+    }
+}
+
 int GetKey(Surface* window, bool useIdleTimeout) {
     IdleDeadline deadline(IdleDeadline::Clock::now(), IdleTimeoutSeconds(), useIdleTimeout);
     for (;;) {
@@ -120,24 +143,7 @@ int GetKey(Surface* window, bool useIdleTimeout) {
             input = WaitForInput(nullptr);
         }
 
-        if (input == KEY_RESIZE || input == kWaitResize)
-            ResizeAndExit();
-        switch (input) {
-        case kWaitNotify:
-            if (gCurrentWindow != nullptr)
-                gCurrentWindow->Notification();
-            CheckSmartCard();
-            continue;
-        case kWaitRestart:
-            if (!SessionActive())
-                exit(0);
-            SetRestartPending(true);
-            continue;
-        case kWaitTerminate:
-            exit(0);
-        default:
-            break;
-        }
+        input = TakeWakeUp(input);
         if (input < 0)
             continue;
         if (deadline.Dimmed() && window != nullptr) {
@@ -151,25 +157,8 @@ int GetKey(Surface* window, bool useIdleTimeout) {
 
 int PollKey(int milliseconds) {
     timeval tv{milliseconds / 1000, (milliseconds % 1000) * 1000};
-    const int input = WaitForInput(&tv);
-    if (input == KEY_RESIZE || input == kWaitResize)
-        ResizeAndExit();
-    switch (input) {
-    case kWaitNotify:
-        if (gCurrentWindow != nullptr)
-            gCurrentWindow->Notification();
-        CheckSmartCard();
-        return kNoKey;
-    case kWaitRestart:
-        if (!SessionActive())
-            exit(0);
-        SetRestartPending(true);
-        return kNoKey;
-    case kWaitTerminate:
-        exit(0);
-    default:
-        return input < 0 ? kNoKey : input;
-    }
+    const int input = TakeWakeUp(WaitForInput(&tv));
+    return input < 0 ? kNoKey : input;
 }
 
 void WaitForHostDown() {
