@@ -37,9 +37,13 @@ void ChooseBackends() {
 const Backends& ActiveBackends() {
     if (gInstalled)
         return *gInstalled;
-    static Backends current;
-    current = BuiltInBackends(IsSimulatedHost());
-    return current;
+    // Built once each (a function's statics are initialised thread-safely): workers may ask at any time.
+    if (IsSimulatedHost()) {
+        static const Backends simulated = BuiltInBackends(true);
+        return simulated;
+    }
+    static const Backends real = BuiltInBackends(false);
+    return real;
 }
 
 ScopedBackends::ScopedBackends(const Backends& backends)
