@@ -97,10 +97,10 @@ int ChangeUplink(const Call& call, const std::vector<std::string>& a, bool add) 
             auto pos = std::find(order.begin(), order.end(), Json(nic));
             if (add && pos == order.end()) {
                 order.push_back(nic);
-                teaming["maxActive"] = teaming.value("maxActive", 0) + 1;
+                teaming["maxActive"] = int64_t{WholeNumber(teaming, "maxActive", 0)} + 1;
             } else if (!add && pos != order.end()) {
                 order.erase(pos);
-                teaming["maxActive"] = std::min<int>(teaming.value("maxActive", 0), order.size());
+                teaming["maxActive"] = std::min<int64_t>(WholeNumber(teaming, "maxActive", 0), order.size());
             }
         }
     });

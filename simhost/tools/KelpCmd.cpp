@@ -56,7 +56,7 @@ int AutoStop(const Call& call) {
 int Refresh(const Call& call) {
     Transact(call.dir, [](Json& s) {
         Json& stewd = s["services"]["stewd"];
-        stewd["refreshes"] = stewd.value("refreshes", 0) + 1;
+        stewd["refreshes"] = int64_t{WholeNumber(stewd, "refreshes", 0)} + 1;
     });
     return 0;
 }

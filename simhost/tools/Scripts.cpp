@@ -37,7 +37,9 @@ int SvcCtl(const Call& call) {
 
 // cfgsave.sh: persists the configuration; the simulated host counts the saves.
 int CfgSave(const Call& call) {
-    Transact(call.dir, [](Json& s) { s["system"]["configSaves"] = s["system"].value("configSaves", 0) + 1; });
+    Transact(call.dir, [](Json& s) {
+        s["system"]["configSaves"] = int64_t{WholeNumber(s["system"], "configSaves", 0)} + 1;
+    });
     return 0;
 }
 
@@ -61,7 +63,7 @@ int ResetCfg(const Call& call) {
         for (const char* keep : {"productName", "productVersion", "kernelVersion", "build", "bootOptions"})
             if (s["system"].contains(keep))
                 next["system"][keep] = s["system"][keep];
-        next["system"]["resets"] = s["system"].value("resets", 0) + 1;
+        next["system"]["resets"] = int64_t{WholeNumber(s["system"], "resets", 0)} + 1;
         // The default uplinks may not exist on this hardware.
         for (auto& sw : next["standardSwitches"]) {
             Json kept = Json::array();

@@ -30,7 +30,7 @@ int Tesping(const Call& call) {
     const Json& network = state.value("network", Json::object());
     Json answering = network.value("answering", Json::array());
     bool answers = std::find(answering.begin(), answering.end(), Json(bare)) != answering.end();
-    int delayMs = state.value("simulation", Json::object()).value("pingDelayMs", 0);
+    int delayMs = WholeNumber(state.value("simulation", Json::object()), "pingDelayMs", 0);
 
     std::cout << "PING " << address << " (" << bare << "): 56 data bytes\n";
     for (int seq = 0; seq < count; ++seq) {

@@ -2,6 +2,7 @@
 // function that prints like the real tool and returns its exit code.
 #pragma once
 
+#include "simhost/model/JsonNumber.h"
 #include "simhost/model/Store.h"
 
 #include <string>

@@ -2,6 +2,7 @@
 // from host.json.
 #include "platform/HostCtlException.h"
 #include "platform/sim/SimHostAreas.h"
+#include "simhost/model/JsonNumber.h"
 
 namespace Platform::Sim {
 namespace {
@@ -17,15 +18,16 @@ public:
 
     CpuFacts Cpu() override {
         return ReadState([](const Json& s) {
-            return CpuFacts{At(s, "/hardware/cpu/packages").get<int>(),
+            return CpuFacts{SimHost::WholeNumber<int>(At(s, "/hardware/cpu/packages"), "packages"),
                             At(s, "/hardware/cpu/model").get<std::string>()};
         });
     }
 
     MemoryFacts Memory() override {
         return ReadState([](const Json& s) {
-            return MemoryFacts{At(s, "/hardware/memory/totalPages").get<uint64_t>(),
-                               At(s, "/hardware/memory/pageSize").get<uint64_t>()};
+            return MemoryFacts{
+                SimHost::WholeNumber<uint64_t>(At(s, "/hardware/memory/totalPages"), "totalPages"),
+                SimHost::WholeNumber<uint64_t>(At(s, "/hardware/memory/pageSize"), "pageSize")};
         });
     }
 };
@@ -37,7 +39,7 @@ public:
             std::vector<SmartCardSlotState> out;
             for (const Json& slot : At(s, "/smartCards/slots")) {
                 SmartCardSlotState state;
-                state.id = slot.at("slot").get<int>();
+                state.id = SimHost::WholeNumber<int>(slot.at("slot"), "slot");
                 const Json& token = slot.value("token", Json());
                 if (!token.is_null())
                     state.tokenUser = token.at("userId").get<std::string>();

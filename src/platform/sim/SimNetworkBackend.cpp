@@ -6,6 +6,7 @@
 #include "platform/Network.h"
 #include "platform/sim/SimNetworkJson.h"
 #include "platform/sim/SimState.h"
+#include "simhost/model/JsonNumber.h"
 
 #include <algorithm>
 
@@ -231,7 +232,7 @@ void SimNetworkBackend::RemoveUplink(const std::string& kswitch, const std::stri
             Json& teaming = pg["teaming"];
             Erase(teaming["uplinkOrder"], pnic);
             int size = static_cast<int>(teaming["uplinkOrder"].size());
-            teaming["maxActive"] = std::min(teaming.value("maxActive", 0), size);
+            teaming["maxActive"] = std::min(SimHost::WholeNumber(teaming, "maxActive", 0), size);
         }
     });
 }

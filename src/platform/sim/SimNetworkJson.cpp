@@ -3,6 +3,7 @@
 
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
+#include "simhost/model/JsonNumber.h"
 
 namespace Platform::Sim {
 namespace {
@@ -33,7 +34,7 @@ std::vector<std::string> Strings(const Json& json, const char* key) {
 
 ConnectionRecord ConnectionFromJson(const Json& json) {
     ConnectionRecord c;
-    c.type = json.at("type").get<int>();
+    c.type = SimHost::WholeNumber<int>(json.at("type"), "type");
     c.portGroup = json.value("portGroup", std::string());
     c.switchName = json.value("switch", std::string());
     c.port = json.value("port", std::string());
@@ -43,7 +44,7 @@ ConnectionRecord ConnectionFromJson(const Json& json) {
 NicTeamingPolicy TeamingFromJson(const Json& json) {
     NicTeamingPolicy policy;
     policy.SetUplinkOrder(Strings(json, "uplinkOrder"));
-    policy.SetMaxActiveUplinks(json.value("maxActive", 0));
+    policy.SetMaxActiveUplinks(SimHost::WholeNumber(json, "maxActive", 0));
     return policy;
 }
 
@@ -76,8 +77,8 @@ IpConfig IpConfigFromJson(const Json& json) {
         if (json.contains("ipv6")) {
             for (const auto& entry : json.at("ipv6")) {
                 Ipv6Network network(Ipv6Address(entry.at("address").get<std::string>()),
-                                    entry.at("prefix").get<int>());
-                network.SetIpv6AddressType(entry.value("type", Ipv6Network::TYPE_STATIC));
+                                    SimHost::WholeNumber<int>(entry.at("prefix"), "prefix"));
+                network.SetIpv6AddressType(SimHost::WholeNumber(entry, "type", Ipv6Network::TYPE_STATIC));
                 if (entry.contains("scope"))
                     network.SetIpv6Scope(ScopeFromName(entry.at("scope").get<std::string>()));
                 config.AddIpv6Network(network);
@@ -137,19 +138,19 @@ NetworkSnapshot NetworkFromJson(const Json& state) {
             r.driver = p.value("driver", std::string());
             r.mac = MacAddress(p.at("mac").get<std::string>());
             r.link = p.value("link", false);
-            r.speedMbps = p.value("speedMbps", 0);
+            r.speedMbps = SimHost::WholeNumber(p, "speedMbps", 0);
             r.pciReadable = p.value("pciReadable", true);
             s.pnics.push_back(std::move(r));
         }
         for (const auto& v : At(state, "/standardSwitches")) {
             StandardSwitchRecord r;
             r.name = v.at("name").get<std::string>();
-            r.ports = v.value("ports", 0);
+            r.ports = SimHost::WholeNumber(v, "ports", 0);
             r.uplinks = Strings(v, "uplinks");
             for (const auto& pg : v.value("portGroups", Json::array())) {
                 PortGroupRecord g;
                 g.name = pg.at("name").get<std::string>();
-                g.vlan = pg.value("vlan", uint16_t{0});
+                g.vlan = SimHost::WholeNumber(pg, "vlan", uint16_t{0});
                 if (pg.contains("teaming"))
                     g.teaming = TeamingFromJson(pg.at("teaming"));
                 r.portGroups.push_back(std::move(g));
@@ -164,7 +165,7 @@ NetworkSnapshot NetworkFromJson(const Json& state) {
             r.uplinks = Strings(d, "uplinks");
             for (const auto& port : d.value("ports", Json::array()))
                 r.ports.push_back({port.at("key").get<std::string>(), port.value("portGroup", std::string()),
-                                   port.value("vlan", uint16_t{0}), Strings(port, "uplinks"),
+                                   SimHost::WholeNumber(port, "vlan", uint16_t{0}), Strings(port, "uplinks"),
                                    port.value("hostLocal", false)});
             s.distributedSwitches.push_back(std::move(r));
         }

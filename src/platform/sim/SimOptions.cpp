@@ -3,6 +3,7 @@
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/sim/SimHostAreas.h"
+#include "simhost/model/JsonNumber.h"
 
 namespace Platform::Sim {
 namespace {
@@ -13,7 +14,7 @@ OptionValue ToValue(const std::string& path, const Json& option) {
     std::string type = option.at("type").get<std::string>();
     const Json& value = option.at("value");
     if (type == "int")
-        return value.get<int64_t>();
+        return SimHost::WholeNumber<int64_t>(value, path);
     if (type == "string")
         return value.get<std::string>();
     if (type == "bool")

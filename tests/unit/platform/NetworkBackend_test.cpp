@@ -6,6 +6,7 @@
 #include "platform/NetworkInfo.h"
 #include "platform/RoutingInfo.h"
 #include "platform/sim/SimNetworkJson.h"
+#include "simhost/model/JsonNumber.h"
 
 #include <gtest/gtest.h>
 
@@ -64,4 +65,29 @@ TEST(NetworkBackendTest, IpConfigRoundTripsThroughHostJson) {
     }
     EXPECT_THROW(Platform::Sim::IpConfigFromJson({{"address", "1.2.3"}}), HostCtlException);
     EXPECT_THROW(Platform::Sim::IpConfigFromJson({{"dhcp", "yes"}}), HostCtlException);
+}
+
+TEST(NetworkBackendTest, HostJsonNumbersThatDoNotFitAreRefused) {
+    using SimHost::Json;
+    for (const auto& [value, fits] : {std::pair{Json(4095), true},
+                                      {Json(65535), true},
+                                      {Json(65536), false},
+                                      {Json(-1), false},
+                                      {Json(1e+28), false},
+                                      {Json(12.0), false},
+                                      {Json("12"), false}}) {
+        SCOPED_TRACE(value.dump());
+        if (fits)
+            EXPECT_EQ(SimHost::WholeNumber<uint16_t>(value, "vlan"), value.get<int>());
+        else
+            EXPECT_THROW(SimHost::WholeNumber<uint16_t>(value, "vlan"), Json::exception);
+    }
+    // Through a reader: a host-control failure that names the key.
+    const Json entry = {{"address", "2001:db8::1"}, {"prefix", 1e+28}};
+    try {
+        Platform::Sim::IpConfigFromJson({{"ipv6", Json::array({entry})}});
+        ADD_FAILURE() << "a prefix of 1e+28 was read";
+    } catch (const HostCtlException& e) {
+        EXPECT_NE(std::string(e.what()).find("prefix must be a whole number"), std::string::npos) << e.what();
+    }
 }
