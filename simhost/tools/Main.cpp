@@ -65,6 +65,30 @@ std::vector<std::string> MatchWords(const Call& call) {
 
 } // namespace
 
+std::vector<std::string> ToolNames() {
+    std::vector<std::string> names;
+    for (const auto& [name, handler] : kHandlers)
+        names.push_back(name);
+    return names;
+}
+
+int RunCall(const Call& call) {
+    auto handler = kHandlers.find(call.name);
+    if (handler == kHandlers.end())
+        return Complain(call, "unknown tool", 127);
+    try {
+        if (SimHost::IsFailing(SimHost::Load(call.dir), MatchWords(call)))
+            return Complain(call, "simulated failure");
+        return handler->second(call);
+    } catch (const SimHost::StoreError& e) {
+        return Complain(call, e.what());
+    } catch (const SimHost::Json::exception& e) {
+        return Complain(call, SimHost::InvalidState(call.dir, e.what()));
+    } catch (const std::exception& e) {
+        return Complain(call, std::string("unexpected state: ") + e.what());
+    }
+}
+
 std::string Option(const std::vector<std::string>& args, const std::string& flag) {
     for (size_t i = 0; i + 1 < args.size(); ++i)
         if (args[i] == flag)
@@ -112,19 +136,5 @@ int main(int argc, char** argv) {
     }
     SimHost::AppendCallLog(call.dir, words);
     call.args.assign(words.begin() + 1, words.end());
-
-    auto handler = kHandlers.find(call.name);
-    if (handler == kHandlers.end())
-        return Complain(call, "unknown tool", 127);
-    try {
-        if (SimHost::IsFailing(SimHost::Load(call.dir), MatchWords(call)))
-            return Complain(call, "simulated failure");
-        return handler->second(call);
-    } catch (const SimHost::StoreError& e) {
-        return Complain(call, e.what());
-    } catch (const SimHost::Json::exception& e) {
-        return Complain(call, SimHost::InvalidState(call.dir, e.what()));
-    } catch (const std::exception& e) {
-        return Complain(call, std::string("unexpected state: ") + e.what());
-    }
+    return RunCall(call);
 }

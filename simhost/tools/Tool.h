@@ -32,6 +32,13 @@ int InitScript(const Call& call);
 int TesBacktrace(const Call& call);
 int BrynCfgKswitch(const Call& call);
 
+// Every name the multi-call program answers to.
+std::vector<std::string> ToolNames();
+
+// Answers one call (already recorded in the call log): "simulated failure" when the state lists it, the
+// tool's own answer otherwise, a broken state as a message naming the file. Returns the exit code.
+int RunCall(const Call& call);
+
 // Value of option `flag` ("-v") in `args`, "" when absent.
 std::string Option(const std::vector<std::string>& args, const std::string& flag);
 
