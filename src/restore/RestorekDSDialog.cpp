@@ -1,5 +1,6 @@
 // Restore kDS: the VLAN and uplinks of a new host local port for the management network.
 #include "core/EventLoop.h"
+#include "network/NetworkDialogRules.h"
 #include "restore/KdsRestore.h"
 #include "restore/RestoreDialogs.h"
 #include "ui/ConfirmDialog.h"
@@ -35,17 +36,10 @@ void Message(Frame* parent, unsigned title, unsigned text) {
     RunWindow(&message);
 }
 
-// Empty means no VLAN; otherwise 1-4094.
+// Empty means no VLAN; otherwise 1-4094: 4095 (every VLAN) is no port's VLAN.
 std::optional<uint16_t> ParseVlan(const std::string& text) {
-    if (text.empty())
-        return 0;
-    if (text.size() > 4 ||
-        !std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }))
-        return std::nullopt;
-    int value = std::stoi(text);
-    if (value < 1 || value > 4094)
-        return std::nullopt;
-    return static_cast<uint16_t>(value);
+    uint16_t id = 0;
+    return CheckVlan(text, id) == VlanCheck::Valid ? std::optional<uint16_t>(id) : std::nullopt;
 }
 
 } // namespace
