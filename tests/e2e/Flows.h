@@ -35,7 +35,10 @@ inline void LogInAsRoot(Console& c, const std::string& key = "F2", const std::st
 // Moves the menu's cursor down until the pane shows `paneText`.
 inline void MoveTo(Console& c, const std::string& paneText) {
     for (int i = 0; i < 20 && !c->View().Contains(paneText); ++i) {
+        const std::string before = c->View().Text();
         c->Key("Down");
+        // The pane redraws once the cursor has moved: another Down before that would skip an entry.
+        c->WaitFor([&] { return c->View().Text() != before; }, 2s);
         c->WaitQuiet(60ms);
     }
     ASSERT_TRUE(c->View().Contains(paneText)) << c->View().Text();

@@ -78,6 +78,15 @@ int PollMs(Clock::duration d) {
 
 } // namespace
 
+Clock::duration Scaled(Clock::duration budget) {
+    static const double factor = [] {
+        const char* text = std::getenv("TARN_E2E_TIME_SCALE");
+        const double value = text != nullptr ? std::strtod(text, nullptr) : 1.0;
+        return value >= 1.0 && value <= 100.0 ? value : 1.0;
+    }();
+    return std::chrono::duration_cast<Clock::duration>(budget * factor);
+}
+
 std::string ExitStatus::Describe() const {
     if (exited)
         return "exit status " + std::to_string(code);
@@ -181,7 +190,7 @@ bool Terminal::Pump(Clock::duration timeout) {
 }
 
 bool Terminal::WaitFor(const std::function<bool()>& done, Clock::duration timeout) {
-    const auto deadline = Clock::now() + timeout;
+    const auto deadline = Clock::now() + Scaled(timeout);
     for (;;) {
         if (done())
             return true;
@@ -207,8 +216,10 @@ bool Terminal::WaitForTextSettled(std::string_view text, Clock::duration quiet, 
 }
 
 bool Terminal::WaitQuiet(Clock::duration quiet, Clock::duration timeout) {
+    // A slower build also pauses longer in the middle of drawing a window.
+    quiet = Scaled(quiet);
     const auto from = Clock::now();
-    const auto deadline = from + timeout;
+    const auto deadline = from + Scaled(timeout);
     for (;;) {
         const auto until = std::max(lastOutput_, from) + quiet;
         const auto now = Clock::now();
@@ -248,7 +259,7 @@ bool Terminal::Running() {
 }
 
 std::optional<ExitStatus> Terminal::WaitExit(Clock::duration timeout) {
-    const auto deadline = Clock::now() + timeout;
+    const auto deadline = Clock::now() + Scaled(timeout);
     while (Running()) {
         auto left = deadline - Clock::now();
         if (left <= Clock::duration::zero())

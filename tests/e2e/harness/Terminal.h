@@ -20,6 +20,11 @@ namespace e2e {
 using Clock = std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
+// A wait budget times TARN_E2E_TIME_SCALE (a number, 1 when unset): a sanitizer build draws several times
+// slower, and its runs raise the factor rather than the tests loosening what they check. The waits below
+// scale their own budgets; a test that times something itself scales its bound with this.
+Clock::duration Scaled(Clock::duration budget);
+
 struct LaunchOptions {
     std::string program; // absolute path
     std::vector<std::string> args;
