@@ -8,13 +8,9 @@
 #include "ui/TextIds.h"
 
 namespace Tarn {
-namespace {
 
-constexpr const char* kSelectHint = "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}  ";
-
-} // namespace
-
-NetworkRestoreWindow::NetworkRestoreWindow(Frame* parent) : ListSummaryWindow(parent) {
+NetworkRestoreWindow::NetworkRestoreWindow(Frame* parent)
+    : ListSummaryWindow(parent, parent->Text(TextId::NetworkRestoreOptionsTitle)) {
     // Both tests ask the host (one runs a command): once per visit of the screen.
     RestoreConditions conditions;
     conditions.opsAgentActive = BrynOpsAgentActive();
@@ -28,10 +24,9 @@ NetworkRestoreWindow::NetworkRestoreWindow(Frame* parent) : ListSummaryWindow(pa
 
 SummaryPane NetworkRestoreWindow::Pane(int index) {
     if (index < 0 || index >= static_cast<int>(entries_.size()))
-        return {Text(TextId::NetworkRestoreOptionsTitle), "", std::string(kSelectHint) + kRestoreInitialHint};
+        return {Text(TextId::NetworkRestoreOptionsTitle), "", kRestoreInitialHint};
     const RestoreEntry& e = entries_[index];
-    return {Text(e.titleId), Text(e.titleId + kRestoreDescriptionOffset),
-            std::string(kSelectHint) + e.enterHint};
+    return {Text(e.titleId), Text(e.titleId + kRestoreDescriptionOffset), e.enterHint};
 }
 
 bool NetworkRestoreWindow::Open(int index) {

@@ -14,7 +14,6 @@
 namespace Tarn {
 namespace {
 
-constexpr const char* kSelectFooter = "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}";
 constexpr const char* kChangeFooter =
     "{color:white}<Enter>{/color}{color:light-grey} Change{/color}{align:right}"
     "{color:white}<Esc>{/color}{color:light-grey} Exit{/color}{/align}";
@@ -27,7 +26,7 @@ enum Entry { kShell, kSsh, kShellTimeouts, kTarnTimeout, kRestartAgents };
 } // namespace
 
 TroubleShootingWindow::TroubleShootingWindow(Frame* parent)
-    : ListSummaryWindow(parent, parent->Text(TextId::TroubleshootingModeOptions), kSelectFooter) {
+    : ListSummaryWindow(parent, parent->Text(TextId::TroubleshootingModeOptions)) {
     ReadStates();
     SetEntries(Entries());
 }

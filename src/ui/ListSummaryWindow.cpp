@@ -11,22 +11,18 @@
 
 namespace Tarn {
 
-ListSummaryWindow::ListSummaryWindow(Frame* parent) : ListSummaryWindow(parent, "", "") {}
+ListSummaryWindow::ListSummaryWindow(Frame* parent) : ListSummaryWindow(parent, "") {}
 
-ListSummaryWindow::ListSummaryWindow(Frame* parent, const std::string& heading, const std::string& listFooter)
-    : RootWindow(parent) {
+ListSummaryWindow::ListSummaryWindow(Frame* parent, const std::string& heading) : RootWindow(parent) {
     Window* pane = ListPane();
-    // The hints get a row of their own, so that redrawing the list never paints over them.
-    const int footerRows = listFooter.empty() || pane->Height() < 2 ? 0 : 1;
-    list_ = pane->AddChild<ItemList>(0, 0, pane->Width(), pane->Height() - footerRows);
-    if (footerRows != 0)
+    // The hint gets a row of its own, so that redrawing the list never paints over it.
+    const int hintRows = heading.empty() || pane->Height() < 2 ? 0 : 1;
+    list_ = pane->AddChild<ItemList>(0, 0, pane->Width(), pane->Height() - hintRows);
+    if (hintRows != 0)
         pane->AddChild<TextArea>(0, pane->Height() - 1, pane->Width(), 1, Color::ItemText,
                                  Color::ContentBackground)
-            ->SetText(listFooter);
-    if (!heading.empty() && LeftPane()->Width() > 4)
-        LeftPane()
-            ->AddChild<TextArea>(2, 0, LeftPane()->Width() - 4, 1, Color::Text, Color::PaneBackground)
-            ->SetText(heading);
+            ->SetText(kListSelectHint);
+    SetHeading(heading);
 }
 
 ListSummaryWindow::~ListSummaryWindow() = default;

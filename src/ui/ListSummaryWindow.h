@@ -26,11 +26,16 @@ struct SummaryEntry {
     bool enabled = true;    // false: listed in dark grey and passed over by the cursor
 };
 
+// The hint on the list's last row of a window that has a heading.
+inline constexpr const char* kListSelectHint =
+    "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}";
+
 class ListSummaryWindow : public RootWindow {
 public:
     explicit ListSummaryWindow(Frame* parent);
-    // With `heading` on the left pane's top edge and `listFooter` (key hints) on the list's last row.
-    ListSummaryWindow(Frame* parent, const std::string& heading, const std::string& listFooter);
+    // With `heading` above the list and kListSelectHint on the list's last row: the summary's footer then
+    // keeps its width for the entry's own Enter and Esc hints.
+    ListSummaryWindow(Frame* parent, const std::string& heading);
     ~ListSummaryWindow() override;
 
     // Returns 0 when the operator leaves with Esc; TarnTimeout passes through.
