@@ -16,6 +16,7 @@ constexpr int kTextMargin = 6;       // title and body areas are 6 columns narro
 constexpr int kTopPaneFrame = 4;     // border, title, blank line above the body, blank line below it
 constexpr int kBottomPaneHeight = 3; // blank row, footer, border: too low for a content pane
 constexpr int kUnlimitedLines = 1000;
+constexpr int kTitlePaneHeight = 2; // border and title
 
 // Cells of the widest line, before any wrapping.
 int WidestLine(std::string_view markup) {
@@ -51,6 +52,16 @@ DialogSize MessageDialogSize(const std::string& title, const std::string& body, 
     bodyLines = std::max(bodyLines, 1);
     const int splitRow = bodyLines + kTopPaneFrame;
     return {width, splitRow + kBottomPaneHeight, splitRow};
+}
+
+DialogSize FitToScreen(DialogSize wanted, int screenColumns, int screenRows) {
+    DialogSize fitted = wanted;
+    fitted.width = std::min(wanted.width, std::max(screenColumns, 0));
+    fitted.height = std::min(wanted.height, std::max(screenRows, 0));
+    const int excess = wanted.height - fitted.height;
+    fitted.splitRow = std::max(wanted.splitRow - excess, std::min(wanted.splitRow, kTitlePaneHeight));
+    fitted.splitRow = std::min(fitted.splitRow, fitted.height);
+    return fitted;
 }
 
 } // namespace Tarn

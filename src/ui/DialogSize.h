@@ -22,4 +22,9 @@ struct DialogSize {
 DialogSize MessageDialogSize(const std::string& title, const std::string& body, int screenColumns,
                              int screenRows);
 
+// A dialog cut to the screen, so that it shows and the operator sees what is typed into it: narrower, and
+// shorter by rows taken from the top pane's description first (down to its title row), then from the bottom
+// pane's list.
+DialogSize FitToScreen(DialogSize wanted, int screenColumns, int screenRows);
+
 } // namespace Tarn

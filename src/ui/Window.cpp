@@ -1,11 +1,12 @@
 // The window tree on top of curses: construction of top-level and child windows, drawing with the inactive
 // (dimmed) look, the process-wide cursor state, destruction of subtrees, and the Dialog and RootWindow
-// layouts. Curses may refuse a window (for example one that does not fit on the screen); every operation then
-// works on the object tree alone and skips the curses calls.
+// layouts. Curses may refuse a window (for example one that does not fit inside its parent); every operation
+// then works on the object tree alone and skips the curses calls.
 #include "ui/Window.h"
 
 #include "core/Colors.h"
 #include "core/EventLoop.h"
+#include "ui/DialogSize.h"
 #include "ui/ScreenUpdate.h"
 #include "ui/StringFactory.h"
 #include "ui/TextArea.h"
@@ -221,8 +222,12 @@ const char* Frame::Text(unsigned id) const {
 }
 
 Dialog::Dialog(Frame* parentFrame, int width, int height, int splitRow)
-    : Frame(parentFrame, (COLS - width) / 2, (LINES - height) / 2, width, height, Color::ScreenBackground,
-            Color::Text) {
+    : Dialog(parentFrame, FitToScreen({width, height, splitRow}, COLS, LINES)) {}
+
+Dialog::Dialog(Frame* parentFrame, const DialogSize& fitted)
+    : Frame(parentFrame, (COLS - fitted.width) / 2, (LINES - fitted.height) / 2, fitted.width, fitted.height,
+            Color::ScreenBackground, Color::Text) {
+    const int width = fitted.width, height = fitted.height, splitRow = fitted.splitRow;
     if (win_ != nullptr)
         werase(win_);
     top_ = new Window(this, 0, 0, width, splitRow, Color::PaneBackground, Color::Text);

@@ -16,6 +16,7 @@ namespace Tarn {
 
 class StringFactory;
 class TextArea;
+struct DialogSize;
 
 class Window : public Surface {
 public:
@@ -97,7 +98,7 @@ protected:
 
 class Dialog : public Frame {
 public:
-    // Centred W x H frame, top pane `splitRow` rows high.
+    // Centred W x H frame, top pane `splitRow` rows high; cut to the screen when larger (FitToScreen).
     Dialog(Frame* parentFrame, int width, int height, int splitRow);
 
     void Draw(bool active) override;
@@ -120,6 +121,9 @@ protected:
     TextArea* title_ = nullptr;
     TextArea* body_ = nullptr;
     TextArea* footer_ = nullptr;
+
+private:
+    Dialog(Frame* parentFrame, const DialogSize& fitted);
 };
 
 // Full-screen frame for menus (System Customization): a left pane holding the list pane for an ItemList, and

@@ -75,23 +75,33 @@ TEST(WelcomeText, WarningHardwareAndMemory) {
     EXPECT_EQ(CpuAndMemoryText(2, "Xeon", 262144, 4096), "2 x Xeon\n1 GiB Memory");
 }
 
-TEST(WelcomeLayout, HalvesCoverTheScreenAndTheFooterSitsAboveTheBottomBorder) {
+TEST(WelcomeLayout, HalvesCoverTheScreenAndNoBoxReachesTheFooterOrABorder) {
     const WelcomeGeometry even = ComputeWelcomeGeometry(100, 30);
     EXPECT_EQ(even.top, (WelcomeRect{0, 0, 100, 15}));
     EXPECT_EQ(even.bottom, (WelcomeRect{0, 15, 100, 15}));
     EXPECT_EQ(even.footer, (WelcomeRect{2, 13, 96, 1}));
-    EXPECT_EQ(even.warning, (WelcomeRect{16, 9, 68, 5})) << "kept off the bottom border";
+    EXPECT_EQ(even.warning, (WelcomeRect{16, 9, 68, 4}));
     EXPECT_EQ(even.message, (WelcomeRect{2, 2, 96, 26}));
     // An odd line goes to the bottom half, and the footer moves with it.
     const WelcomeGeometry odd = ComputeWelcomeGeometry(80, 25);
     EXPECT_EQ(odd.bottom, (WelcomeRect{0, 12, 80, 13}));
     EXPECT_EQ(odd.footer.row, 11);
     EXPECT_EQ(odd.management, (WelcomeRect{8, 1, 64, 7}));
-    // Boxes that would reach past their half shrink but never move; one with no room at all has no rows.
-    EXPECT_EQ(ComputeWelcomeGeometry(120, 50).cpuMemory, (WelcomeRect{8, 9, 104, 2}));
-    const WelcomeGeometry tiny = ComputeWelcomeGeometry(40, 16);
-    EXPECT_EQ(tiny.cpuMemory.height + tiny.warning.height, 0);
-    EXPECT_EQ(tiny.header, (WelcomeRect{8, 5, 24, 1}));
+    EXPECT_GE(odd.warning.height, 3) << "a whole warning at 80x25";
+
+    for (auto [columns, lines] :
+         {std::pair{100, 30}, {80, 25}, {80, 24}, {120, 50}, {50, 12}, {40, 16}, {30, 8}}) {
+        SCOPED_TRACE(std::to_string(columns) + "x" + std::to_string(lines));
+        const WelcomeGeometry g = ComputeWelcomeGeometry(columns, lines);
+        // A box with no room has no rows, wherever it stands.
+        const auto end = [](const WelcomeRect& r) { return r.height > 0 ? r.row + r.height : 0; };
+        for (const WelcomeRect& box : {g.header, g.hardware, g.cpuMemory})
+            EXPECT_LE(end(box), g.top.height - 1) << "above the top half's border";
+        for (const WelcomeRect& box : {g.management, g.warning})
+            EXPECT_LE(end(box), g.footer.row) << "above the footer";
+        if (g.warning.height > 0)
+            EXPECT_GE(g.warning.row, end(g.management)) << "under the addresses";
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Windows, item lists and the standard dialogs drawn on an off-screen 80x24 terminal: geometry, texts,
 // colours, dimming, focus and scroll bars, the field cursor, the bytes a focus move costs, subtree deletion,
-// refused windows, the Enter loop, and type-ahead discarded when a frame is drawn.
+// dialogs cut to the screen, refused windows, the Enter loop, and type-ahead discarded when a frame is drawn.
+#include "ui/DialogSize.h"
 #include "ui/InputItem.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
@@ -83,26 +84,51 @@ TEST_F(Render, DeletingAWindowDeletesItsSubtree) {
     EXPECT_EQ(Counted::destroyed, 5);
 }
 
-TEST_F(Render, RefusedWindowsAreSafe) {
-    // Larger than the screen: the centring gives negative coordinates and curses refuses the window.
+TEST_F(Render, DialogsAreCutToTheScreenAndRefusedChildrenAreSafe) {
+    const struct {
+        DialogSize wanted;
+        int columns, rows;
+        DialogSize fitted;
+    } cases[] = {
+        {{40, 12, 7}, 80, 24, {40, 12, 7}},
+        {{60, 13, 7}, 50, 12, {50, 12, 6}}, // the login dialog: both fields stay
+        {{100, 30, 10}, 80, 24, {80, 24, 4}},
+        {{40, 20, 12}, 80, 10, {40, 10, 2}}, // the top pane keeps its title row, the list gives the rest
+        {{60, 13, 7}, 2, 2, {2, 2, 2}},
+    };
+    for (const auto& c : cases) {
+        const DialogSize got = FitToScreen(c.wanted, c.columns, c.rows);
+        EXPECT_EQ((std::vector<int>{got.width, got.height, got.splitRow}),
+                  (std::vector<int>{c.fitted.width, c.fitted.height, c.fitted.splitRow}))
+            << c.wanted.width << "x" << c.wanted.height << " on " << c.columns << "x" << c.rows;
+    }
+
+    // Drawn, whole screen: what is typed into its list shows.
     TestDialog dialog(nullptr, 100, 30, 10);
-    EXPECT_EQ(dialog.Curses(), nullptr);
-    ASSERT_NE(dialog.ContentPane(), nullptr);
-    EXPECT_EQ(dialog.ContentPane()->Curses(), nullptr);
+    ExpectBox(&dialog, 0, 0, 80, 24, "frame");
+    ExpectBox(dialog.ContentPane(), 2, 5, 76, 16, "content");
     dialog.SetTitle("{color:red}too big");
-    auto* list = dialog.ContentPane()->AddChild<ItemList>(0, 0, 20, 10);
+    auto* list = dialog.ContentPane()->AddChild<ItemList>(0, 0, 20, 4);
+    InputItem typed("Name:", "typed", 8);
+    list->SetItems({&typed});
+    dialog.Draw(true);
+    EXPECT_EQ(Screen(1, 3, 7), "too big");
+    EXPECT_NE(Screen(5, 3, 18).find("typed"), std::string::npos) << Screen(5, 3, 18);
+
+    // A child that does not fit its parent is refused by curses; nothing drawn through it may fail.
+    auto* refused = dialog.ContentPane()->AddChild<ItemList>(0, 0, 20, 30);
+    EXPECT_EQ(refused->Curses(), nullptr);
     LabelItem a("a", true), b("b", true);
     InputItem c("c", "v", 5);
-    list->SetItems({&a, &b, &c});
+    refused->SetItems({&a, &b, &c});
     dialog.Draw(true);
-    list->Down();
-    list->Down();
+    refused->Down();
+    refused->Down();
     dialog.Draw(false);
     dialog.Redraw();
-    dialog.Print(0, 0, "x");
-    dialog.MoveCursor(1, 1);
-    EXPECT_EQ(list->FocusedItem(), &c);
-    EXPECT_NE(TestDialog(nullptr, 80, 24, 10).Curses(), nullptr) << "a dialog of exactly the screen's size";
+    refused->Print(0, 0, "x");
+    refused->MoveCursor(1, 1);
+    EXPECT_EQ(refused->FocusedItem(), &c);
 }
 
 // An item list at screen column 12, rows 6..9: rows are 29 cells, the scroll bar is column 41.
