@@ -125,10 +125,9 @@ unsigned GeneralWindow::IdAt(int index) const {
     return index < 0 ? TextId::Blank : entries_[static_cast<size_t>(index)].id;
 }
 
-size_t GeneralWindow::SupportPageRows() const {
-    // The password reminder below the page takes two rows and may wrap onto a third.
-    int rows = BodyArea()->Height() - (facts_.emptyPassword ? 4 : 0);
-    return rows > 0 ? static_cast<size_t>(rows) : 0;
+SupportPaging GeneralWindow::Paging() const {
+    const TextArea* body = BodyArea();
+    return {support_, SupportPageRows(Strings(), facts_, body->Width(), body->Height()), body->Width()};
 }
 
 void GeneralWindow::StatLogs() {
@@ -146,7 +145,7 @@ SummaryPane GeneralWindow::Pane(int index) {
     if (id == TextId::ViewSystemLogs)
         StatLogs();
     if (id == TextId::ViewSupportInformation)
-        facts_.supportPage = SupportPage(support_, supportFirst_, SupportPageRows());
+        facts_.supportPage = SupportPage(Paging(), supportFirst_);
     PaneText pane = MenuPane(Strings(), id, facts_);
     return {pane.title, pane.body, pane.footer};
 }
@@ -157,9 +156,8 @@ void GeneralWindow::Leaving(int index) {
 }
 
 void GeneralWindow::PageSupport(bool down) {
-    const size_t rows = SupportPageRows();
     const size_t first =
-        down ? NextSupportPage(support_, supportFirst_, rows) : PreviousSupportPage(supportFirst_, rows);
+        down ? NextSupportPage(Paging(), supportFirst_) : PreviousSupportPage(Paging(), supportFirst_);
     if (first == supportFirst_)
         return;
     supportFirst_ = first;

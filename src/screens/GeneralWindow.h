@@ -35,7 +35,8 @@ private:
     void StatLogs();
     void PageSupport(bool down);
     void ViewLog(int digit);
-    size_t SupportPageRows() const;
+    // The support lines as they page in the body area.
+    SupportPaging Paging() const;
 
     MenuFlags flags_;
     MenuPaneFacts facts_;

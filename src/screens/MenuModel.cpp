@@ -3,7 +3,10 @@
 
 #include "common/TextFile.h"
 #include "screens/MenuTable.h"
+#include "ui/Markup.h"
 #include "ui/TextIds.h"
+
+#include <algorithm>
 
 namespace Tarn {
 
@@ -90,51 +93,74 @@ std::vector<std::string> ExpandSupportLines(const std::vector<std::string>& line
 
 namespace {
 
+constexpr size_t kFewestPageRows = 3; // a mark above, a line, a mark below
+constexpr int kUnlimitedRows = 1 << 16;
+
+std::string Shown(const std::string& line) {
+    return "{color:light-grey}" + line + "{/color}";
+}
+
+size_t RowsOf(const std::string& line, int width) {
+    const size_t rows = Markup::Layout(Shown(line), std::max(width, 1), kUnlimitedRows).size();
+    return std::max<size_t>(rows, 1);
+}
+
+// How many lines from `first` fill at most `budget` rows; at least one, cut, when a single line is taller.
+size_t LinesFitting(const SupportPaging& p, size_t first, size_t budget) {
+    size_t used = 0, count = 0;
+    for (size_t i = first; i < p.lines.size(); ++i, ++count) {
+        used += RowsOf(p.lines[i], p.width);
+        if (used > budget)
+            break;
+    }
+    return first < p.lines.size() ? std::max<size_t>(count, 1) : 0;
+}
+
 struct PageShape {
     bool above;
     bool below;
-    size_t rows; // content lines shown
+    size_t count; // lines shown
 };
 
-// The marks take a row each, so fewer content lines fit on a page that shows them.
-PageShape ShapeOf(size_t count, size_t first, size_t pageRows) {
-    if (pageRows < 3)
-        pageRows = 3;
+PageShape ShapeOf(const SupportPaging& p, size_t first) {
+    const size_t rows = std::max(p.rows, kFewestPageRows);
     PageShape shape{first > 0, false, 0};
-    shape.rows = pageRows - (shape.above ? 1 : 0);
-    shape.below = count > first + shape.rows;
-    if (shape.below)
-        --shape.rows;
+    const size_t budget = rows - (shape.above ? 1 : 0);
+    shape.count = LinesFitting(p, first, budget);
+    if (first + shape.count < p.lines.size()) {
+        shape.below = true; // its mark takes a row from the lines
+        shape.count = LinesFitting(p, first, budget - 1);
+    }
     return shape;
 }
 
 } // namespace
 
-size_t NextSupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows) {
-    PageShape shape = ShapeOf(lines.size(), first, pageRows);
-    return shape.below ? first + shape.rows : first;
+size_t NextSupportPage(const SupportPaging& paging, size_t first) {
+    const PageShape shape = ShapeOf(paging, first);
+    return shape.below ? first + shape.count : first;
 }
 
-size_t PreviousSupportPage(size_t first, size_t pageRows) {
-    if (pageRows < 3)
-        pageRows = 3;
-    // The previous page ends just above `first`; it shows the "<Page Down>" mark, and the "<Page Up>" mark
-    // too unless it is the first page.
-    if (first <= pageRows - 1)
-        return 0;
-    return first - (pageRows - 2);
+size_t PreviousSupportPage(const SupportPaging& paging, size_t first) {
+    // Pages start at the top and take as many lines as fit, so the previous page is found by paging down from
+    // the top: paging up then retraces exactly the pages paged down through.
+    size_t page = 0;
+    for (;;) {
+        const size_t next = NextSupportPage(paging, page);
+        if (next == page || next >= first)
+            return page;
+        page = next;
+    }
 }
 
-std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows) {
+std::string SupportPage(const SupportPaging& paging, size_t first) {
     std::string text;
-    const PageShape shape = ShapeOf(lines.size(), first, pageRows);
-    const bool above = shape.above, below = shape.below;
-    const size_t rows = shape.rows;
-    if (above)
+    const PageShape shape = ShapeOf(paging, first);
+    if (shape.above)
         text += "{align:right}<Page Up>{/align}\n";
-    for (size_t i = first; i < lines.size() && i < first + rows; ++i)
-        text += "{color:light-grey}" + lines[i] + "{/color}\n";
-    if (below)
+    for (size_t i = first; i < first + shape.count; ++i)
+        text += Shown(paging.lines[i]) + "\n";
+    if (shape.below)
         text += "{align:right}<Page Down>{/align}\n";
     return text;
 }

@@ -50,12 +50,20 @@ std::vector<std::string> ParseSupportLines(const std::string& fileText);
 std::vector<std::string> ExpandSupportLines(const std::vector<std::string>& lines,
                                             const std::map<InfoType, std::string>& facts);
 
-// One page of support lines from `first`, with "<Page Up>"/"<Page Down>" marks where more lies.
-std::string SupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows);
+// Support information paged in an area `width` cells wide and `rows` high: each line takes the rows it wraps
+// onto, and the "<Page Up>"/"<Page Down>" marks take a row each where more lies above or below.
+struct SupportPaging {
+    const std::vector<std::string>& lines;
+    size_t rows;
+    int width;
+};
+
+// One page from line `first`, marks included.
+std::string SupportPage(const SupportPaging& paging, size_t first);
 
 // Paging positions: the first line of the next page (unchanged on the last page) and of the previous one
 // (0 at the top), so that paging down and back up returns to the same lines.
-size_t NextSupportPage(const std::vector<std::string>& lines, size_t first, size_t pageRows);
-size_t PreviousSupportPage(size_t first, size_t pageRows);
+size_t NextSupportPage(const SupportPaging& paging, size_t first);
+size_t PreviousSupportPage(const SupportPaging& paging, size_t first);
 
 } // namespace Tarn

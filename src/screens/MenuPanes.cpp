@@ -2,8 +2,11 @@
 #include "screens/MenuPanes.h"
 
 #include "screens/MenuTable.h"
+#include "ui/Markup.h"
 #include "ui/StringFactory.h"
 #include "ui/TextIds.h"
+
+#include <algorithm>
 
 namespace Tarn {
 namespace {
@@ -48,6 +51,14 @@ PaneText MenuPane(const StringFactory& strings, unsigned id, const MenuPaneFacts
     if (facts.emptyPassword)
         pane.body += "\n\n" + std::string(strings.GetString(TextId::ChangeDefaultPasswordReminder));
     return pane;
+}
+
+size_t SupportPageRows(const StringFactory& strings, const MenuPaneFacts& facts, int width, int height) {
+    MenuPaneFacts oneRow = facts;
+    oneRow.supportPage = "x\n";
+    const std::string body = MenuPane(strings, TextId::ViewSupportInformation, oneRow).body;
+    const int below = static_cast<int>(Markup::Layout(body, std::max(width, 1), 1 << 16).size()) - 1;
+    return static_cast<size_t>(std::max(height - below, 0));
 }
 
 } // namespace Tarn

@@ -31,6 +31,10 @@ struct MenuPaneFacts {
 // The pane of the entry with catalogue id `id` (3, the blank, gives an empty pane).
 PaneText MenuPane(const StringFactory& strings, unsigned id, const MenuPaneFacts& facts);
 
+// Rows that the support page may take in a body area of `width` x `height` cells: what the pane adds
+// below the page (the password reminder) is measured as it is drawn.
+size_t SupportPageRows(const StringFactory& strings, const MenuPaneFacts& facts, int width, int height);
+
 // Host name and management addresses, each under its heading.
 std::string ManagementSummary(const StringFactory& strings, const MenuPaneFacts& facts);
 

@@ -4,7 +4,9 @@
 #include "screens/LogViewer.h"
 #include "screens/MenuModel.h"
 #include "screens/MenuPanes.h"
+#include "ui/Markup.h"
 #include "ui/StringFactory.h"
+#include "ui/TextIds.h"
 
 #include <gtest/gtest.h>
 
@@ -74,7 +76,11 @@ TEST(MenuLogs, OnlyExistingFilesAreNumberedAndThePagerRunsSecure) {
     Platform::UseRealHost();
 }
 
-TEST(MenuSupport, LinesFactsAndPaging) {
+std::string Pane(unsigned id, const MenuPaneFacts& facts, std::string PaneText::*part = &PaneText::body) {
+    return MenuPane(*StringFactory::Get("en_US"), id, facts).*part;
+}
+
+TEST(MenuSupport, LinesAndFacts) {
     EXPECT_EQ(ParseSupportLines("# comment\nline 1\n$servicetag\nline 3\n"),
               (std::vector<std::string>{"line 1", "$servicetag", "line 3"}));
     // Known key with a fact: replaced; known key without one, unknown name, bare "$": dropped.
@@ -84,22 +90,42 @@ TEST(MenuSupport, LinesFactsAndPaging) {
         ExpandSupportLines(
             {"Version:", "$corlaversion", "$servicetag", "$ipmi", "$", "a $b", "$corlaversion \r"}, facts),
         (std::vector<std::string>{"Version:", "8.1.0 (Build 4242)", "a $b", "8.1.0 (Build 4242)"}));
+}
 
+TEST(MenuSupport, PagesInWrappedRowsKeepTheMarksAndTheReminderInView) {
+    // Lines of one, two and four rows at the 40-cell body of an 80x25 menu; every page has room for the
+    // tallest.
     std::vector<std::string> lines;
     for (int i = 0; i < 23; ++i)
-        lines.push_back("line " + std::to_string(i));
-    for (size_t rows : {3u, 5u, 8u, 30u}) {
-        SCOPED_TRACE(rows);
+        lines.push_back("line " + std::to_string(i) +
+                        std::string(i % 3 == 0   ? 0
+                                    : i % 3 == 1 ? 45
+                                                 : 150,
+                                    'x'));
+    const StringFactory& strings = *StringFactory::Get("en_US");
+    const std::string reminder = strings.GetString(TextId::ChangeDefaultPasswordReminder);
+    const int width = 40;
+    for (auto [emptyPassword, height] : {std::pair{true, 19}, {false, 19}, {true, 12}, {false, 7}}) {
+        SCOPED_TRACE(std::to_string(height) + (emptyPassword ? " rows, empty password" : " rows"));
+        MenuPaneFacts facts;
+        facts.emptyPassword = emptyPassword;
+        const SupportPaging paging{lines, SupportPageRows(strings, facts, width, height), width};
         std::vector<size_t> starts = {0};
         std::string shown;
         for (;;) {
-            const std::string page = SupportPage(lines, starts.back(), rows);
-            EXPECT_LE(static_cast<size_t>(std::count(page.begin(), page.end(), '\n')),
-                      std::max<size_t>(rows, 3));
-            EXPECT_EQ(page.find("<Page Up>") != std::string::npos, starts.back() > 0);
-            shown += page;
-            const size_t next = NextSupportPage(lines, starts.back(), rows);
-            EXPECT_EQ(page.find("<Page Down>") != std::string::npos, next != starts.back());
+            facts.supportPage = SupportPage(paging, starts.back());
+            // The whole body as the pane lays it out: it must fit, marks and reminder included.
+            std::string body;
+            for (const auto& line : Markup::Layout(Pane(TextId::ViewSupportInformation, facts), width, 1000))
+                body += Markup::PlainText(line) + "\n";
+            EXPECT_LE(static_cast<int>(std::count(body.begin(), body.end(), '\n')), height) << body;
+            EXPECT_EQ(body.find("<Page Up>") != std::string::npos, starts.back() > 0);
+            if (emptyPassword) {
+                EXPECT_NE(body.find(reminder.substr(0, 20)), std::string::npos) << body;
+            }
+            shown += facts.supportPage;
+            const size_t next = NextSupportPage(paging, starts.back());
+            EXPECT_EQ(body.find("<Page Down>") != std::string::npos, next != starts.back());
             if (next == starts.back())
                 break;
             ASSERT_GT(next, starts.back());
@@ -112,13 +138,9 @@ TEST(MenuSupport, LinesFactsAndPaging) {
             EXPECT_EQ(shown.find(item, at + 1), std::string::npos) << line;
         }
         for (size_t i = starts.size() - 1; i > 0; --i) // paging up retraces the same pages
-            EXPECT_EQ(PreviousSupportPage(starts[i], rows), starts[i - 1]);
-        EXPECT_EQ(PreviousSupportPage(0, rows), 0u);
+            EXPECT_EQ(PreviousSupportPage(paging, starts[i]), starts[i - 1]);
+        EXPECT_EQ(PreviousSupportPage(paging, 0), 0u);
     }
-}
-
-std::string Pane(unsigned id, const MenuPaneFacts& facts, std::string PaneText::*part = &PaneText::body) {
-    return MenuPane(*StringFactory::Get("en_US"), id, facts).*part;
 }
 
 bool StartsWith(const std::string& text, const std::string& start) {

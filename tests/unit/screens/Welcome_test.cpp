@@ -99,8 +99,9 @@ TEST(WelcomeLayout, HalvesCoverTheScreenAndNoBoxReachesTheFooterOrABorder) {
             EXPECT_LE(end(box), g.top.height - 1) << "above the top half's border";
         for (const WelcomeRect& box : {g.management, g.warning})
             EXPECT_LE(end(box), g.footer.row) << "above the footer";
-        if (g.warning.height > 0)
+        if (g.warning.height > 0) {
             EXPECT_GE(g.warning.row, end(g.management)) << "under the addresses";
+        }
     }
 }
 
