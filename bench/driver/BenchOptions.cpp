@@ -32,7 +32,7 @@ std::vector<std::string> SplitKeys(const std::string& list) {
 
 BenchOptions ParseOptions(int argc, char** argv) {
     BenchOptions o;
-    const std::string build = e2e::BuildDir();
+    const std::string build = BuildDir();
     o.reference = {"reference", build + "/bench_reference", "<Enter>", {"Down"}, false};
     // On the root screen F2 opens a dialog (the login) and Esc cancels it: two repaints of a dialog; the
     // lone Esc includes the 25 ms ESCDELAY. TERM=linux on a pty becomes vt102 in the console, whose key table

@@ -5,8 +5,8 @@
 
 #include "harness/Keys.h"
 #include "harness/ProcStats.h"
-#include "harness/SimHost.h"
 #include "harness/Terminal.h"
+#include "support/TestHost.h"
 
 #include <algorithm>
 #include <csignal>
@@ -44,9 +44,9 @@ double Median(std::vector<double> v) {
 
 RunSample MeasureRun(const Program& program, const BenchOptions& o) {
     RunSample s;
-    std::unique_ptr<e2e::SimHost> host;
+    std::unique_ptr<TestHost> host;
     if (program.needsHost)
-        host = std::make_unique<e2e::SimHost>(o.scenario);
+        host = std::make_unique<TestHost>(o.scenario);
     e2e::LaunchOptions launch;
     launch.program = program.path;
     launch.term = o.term;

@@ -52,35 +52,19 @@ inline bool WaitForSyslog(Console& c, const std::string& text) {
     });
 }
 
-inline void EditHost(const SimHost& host, const std::function<void(nlohmann::json&)>& edit) {
-    nlohmann::json state = host.HostJson();
-    edit(state);
-    host.WriteFile("etc/simhost/host.json", state.dump(2));
+inline std::vector<std::string> Events(const TestHost& host) {
+    return host.Lines("var/log/obed.log");
 }
 
-// The non-empty lines of one of the host's files.
-inline std::vector<std::string> Lines(const SimHost& host, const std::string& file) {
-    std::vector<std::string> lines;
-    std::istringstream in(host.ReadFile(file));
-    for (std::string line; std::getline(in, line);)
-        if (!line.empty())
-            lines.push_back(line);
-    return lines;
-}
-
-inline std::vector<std::string> Events(const SimHost& host) {
-    return Lines(host, "var/log/obed.log");
-}
-
-inline std::vector<nlohmann::json> AuditRecords(const SimHost& host) {
+inline std::vector<nlohmann::json> AuditRecords(const TestHost& host) {
     std::vector<nlohmann::json> records;
-    for (const auto& line : Lines(host, "var/log/audit.log"))
+    for (const auto& line : host.Lines("var/log/audit.log"))
         records.push_back(nlohmann::json::parse(line));
     return records;
 }
 
-inline bool UserExpired(const SimHost& host, const std::string& name) {
-    const nlohmann::json state = host.HostJson();
+inline bool UserExpired(const TestHost& host, const std::string& name) {
+    const nlohmann::json state = host.State();
     for (const auto& user : state["users"])
         if (user["name"] == name)
             return user["expired"].get<bool>();

@@ -12,13 +12,13 @@ namespace {
 constexpr const char* kKeyboardItem = "Configured Keyboard (";
 constexpr const char* kDialogText = "If you are having difficulty using your keyboard";
 
-std::string Configured(const SimHost& host) {
-    return host.HostJson()["keyboard"]["current"].get<std::string>();
+std::string Configured(const TestHost& host) {
+    return host.State()["keyboard"]["current"].get<std::string>();
 }
 
 // The layout listed just above the configured one: one Up away in the dialog.
-std::string LayoutAbove(const SimHost& host) {
-    const nlohmann::json keyboard = host.HostJson()["keyboard"];
+std::string LayoutAbove(const TestHost& host) {
+    const nlohmann::json keyboard = host.State()["keyboard"];
     const auto layouts = keyboard["layouts"].get<std::vector<std::string>>();
     auto at = std::find(layouts.begin(), layouts.end(), keyboard["current"].get<std::string>());
     return at == layouts.begin() || at == layouts.end() ? "" : *(at - 1);
@@ -65,7 +65,7 @@ TEST(KeyboardChoice, LoginOffersTheConfiguredLayoutAboveTheFocusedLoginFieldAndC
 
 TEST(KeyboardChoice, MenuDialogAppliesOnlyTheLayoutMarkedWithSpaceAndEscNothing) {
     Console c(Roomy("keyboard-choice"));
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     const std::string before = Configured(host);
     const std::string above = LayoutAbove(host);
@@ -106,7 +106,7 @@ TEST(KeyboardChoice, MenuDialogAppliesOnlyTheLayoutMarkedWithSpaceAndEscNothing)
         c->WaitFor([&] { return !host.SyslogMatching("Keyboard Layout changed to " + above).empty(); }));
     EXPECT_EQ(Configured(host), above);
     EXPECT_EQ(host.SyslogMatching("Keyboard Layout changed to " + above).size(), 1u)
-        << host.ReadFile("var/log/syslog.log");
+        << host.Read("var/log/syslog.log");
     EXPECT_TRUE(c->WaitForText(above)) << c->View().Text();
 }
 

@@ -28,13 +28,13 @@ void RunDialog(Console& c, std::initializer_list<const char*> keys) {
     ASSERT_TRUE(c->WaitQuiet(100ms));
 }
 
-bool Enabled(const SimHost& host) {
-    return host.HostJson()["lockdown"]["enabled"].get<bool>();
+bool Enabled(const TestHost& host) {
+    return host.State()["lockdown"]["enabled"].get<bool>();
 }
 
 TEST(Lockdown, NoChangeAndEscRunNothingARefusalIsLoggedThenSpaceAndEnterEnable) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     MoveTo(c, "When enabled, lockdown mode prevents users");
     RunDialog(c, {"Enter"});
@@ -44,17 +44,17 @@ TEST(Lockdown, NoChangeAndEscRunNothingARefusalIsLoggedThenSpaceAndEnterEnable) 
         EXPECT_EQ(call.back().rfind("kelpsvc/auth/lockdown_is_", 0), 0u) << call.back();
     EXPECT_FALSE(Enabled(host));
 
-    EditHost(host, [](nlohmann::json& s) {
+    host.ChangeState([](nlohmann::json& s) {
         s["simulation"]["failing"] = {"kelp-cmd kelpsvc/auth/lockdown_mode_enter"};
     });
     RunDialog(c, {" ", "Enter"});
     // The menu runs the command once the dialog has closed.
     const std::string refusal = "Enabling lockdown mode failed with error: kelp-cmd: simulated failure";
     EXPECT_TRUE(c->WaitFor([&] { return !host.SyslogMatching(refusal).empty(); }));
-    EXPECT_EQ(host.SyslogMatching(refusal).size(), 1u) << host.ReadFile("var/log/syslog.log");
+    EXPECT_EQ(host.SyslogMatching(refusal).size(), 1u) << host.Read("var/log/syslog.log");
     EXPECT_FALSE(Enabled(host));
 
-    EditHost(host, [](nlohmann::json& s) { s["simulation"].erase("failing"); });
+    host.ChangeState([](nlohmann::json& s) { s["simulation"].erase("failing"); });
     const std::vector<std::string> enter = {"kelp-cmd", "-U", "tarn", "kelpsvc/auth/lockdown_mode_enter"};
     const auto triedBefore = std::ranges::count(host.ToolCalls(), enter);
     RunDialog(c, {" ", "Enter"});

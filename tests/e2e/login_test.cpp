@@ -38,9 +38,9 @@ TEST(Login, TextCursorStandsInTheFocusedField) {
 
 TEST(Login, EscThenWrongPasswordThenNoPermissionThenRootWithTheEmptyPassword) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenLogin(c);
-    const nlohmann::json dns = host.HostJson()["dns"];
+    const nlohmann::json dns = host.State()["dns"];
     EXPECT_TRUE(c->View().Contains("Enter an authorized login name and password for"));
     EXPECT_TRUE(c->Find(dns["hostname"].get<std::string>() + "." + dns["domain"].get<std::string>() + "."));
     for (const char* shown : {"Login Name:", "root", "Password:"})
@@ -105,7 +105,7 @@ TEST(Login, EscThenWrongPasswordThenNoPermissionThenRootWithTheEmptyPassword) {
 }
 
 TEST(Login, WithoutTheMarkerFileNoLoginIsAttempted) {
-    SimHost host;
+    TestHost host;
     std::filesystem::remove(host.Path("var/run/orvane/show-tarn-login"));
     Console c(host, Roomy());
     for (const char* key : {"F2", "F12"}) {
@@ -119,7 +119,7 @@ TEST(Login, WithoutTheMarkerFileNoLoginIsAttempted) {
         ASSERT_TRUE(c->WaitForTextGone("Authentication Denied"));
     }
     EXPECT_TRUE(host.SyslogMatching("Authentication of user").empty());
-    EXPECT_TRUE(host.ReadFile("var/log/audit.log").empty());
+    EXPECT_TRUE(host.Read("var/log/audit.log").empty());
 }
 
 TEST(Login, SmartCardOpensPinModeAndF3SwitchesToPassword) {

@@ -12,11 +12,11 @@ constexpr const char* kTestPane = "To perform a brief network test";
 
 TEST(ManagementNetwork, RestartIgnoresEnterAndRestartsOnF11WithTheNewLease) {
     Console c(Roomy("dhcp"));
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     MoveTo(c, kRestartPane);
     // The DHCP server hands out another address from now on: the restart must show the new one.
-    EditHost(host, [](nlohmann::json& s) { s["network"]["dhcp"]["lease"]["address"] = "192.0.2.88"; });
+    host.ChangeState([](nlohmann::json& s) { s["network"]["dhcp"]["lease"]["address"] = "192.0.2.88"; });
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Restart management network now?")) << c->View().Text();
     c->Key("Enter");
@@ -36,9 +36,9 @@ TEST(ManagementNetwork, RestartIgnoresEnterAndRestartsOnF11WithTheNewLease) {
 
 TEST(ManagementNetwork, TestShowsOkAndFailedPerTargetAndRestoresHostsFile) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
-    EditHost(host, [](nlohmann::json& s) { s["network"]["answering"] = {"192.0.2.1", "192.0.2.53"}; });
-    const std::string hosts = host.ReadFile("etc/hosts");
+    const TestHost& host = c.Host();
+    host.ChangeState([](nlohmann::json& s) { s["network"]["answering"] = {"192.0.2.1", "192.0.2.53"}; });
+    const std::string hosts = host.Read("etc/hosts");
     LogInAsRoot(c);
     MoveTo(c, kTestPane);
     c->Key("Enter");
@@ -49,7 +49,7 @@ TEST(ManagementNetwork, TestShowsOkAndFailedPerTargetAndRestoresHostsFile) {
     EXPECT_TRUE(c->View().Contains("Pinging address #1 (192.0.2.1). OK."));
     EXPECT_TRUE(c->View().Contains("Pinging address #2 (192.0.2.53). OK."));
     EXPECT_TRUE(c->View().Contains("Pinging address #3 (192.0.2.54). Failed.")) << c->View().Text();
-    EXPECT_EQ(host.ReadFile("etc/hosts"), hosts);
+    EXPECT_EQ(host.Read("etc/hosts"), hosts);
     bool pinged = false;
     for (auto call : host.ToolCalls()) {
         ASSERT_FALSE(call.empty());
@@ -63,9 +63,9 @@ TEST(ManagementNetwork, TestShowsOkAndFailedPerTargetAndRestoresHostsFile) {
 
 TEST(ManagementNetwork, EscDuringSlowPingReturnsAtOnceAndTheHostsFileComesBack) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
-    EditHost(host, [](nlohmann::json& s) { s["simulation"]["pingDelayMs"] = 2000; });
-    const std::string hosts = host.ReadFile("etc/hosts");
+    const TestHost& host = c.Host();
+    host.ChangeState([](nlohmann::json& s) { s["simulation"]["pingDelayMs"] = 2000; });
+    const std::string hosts = host.Read("etc/hosts");
     LogInAsRoot(c);
     MoveTo(c, kTestPane);
     c->Key("Enter");
@@ -77,7 +77,7 @@ TEST(ManagementNetwork, EscDuringSlowPingReturnsAtOnceAndTheHostsFileComesBack) 
     ASSERT_TRUE(c->WaitForTextGone("Pinging address #1", 1s)) << c->View().Text();
     EXPECT_LT(std::chrono::steady_clock::now() - start, Scaled(1s));
     EXPECT_TRUE(c->WaitForText(kTestPane));
-    EXPECT_EQ(host.ReadFile("etc/hosts"), hosts);
+    EXPECT_EQ(host.Read("etc/hosts"), hosts);
 }
 
 } // namespace

@@ -23,7 +23,7 @@ bool Greyed(Console& c, const std::string& label) {
 
 TEST(Menu, FreshHostSessionsChangeTheEmptyPasswordAndLogOut) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     EXPECT_TRUE(c->View().Contains("Not set"));
     EXPECT_TRUE(c->View().Contains(kReminder));
@@ -105,7 +105,7 @@ TEST(Menu, EntriesThatCannotBeChosenAreGreyedAndSkipped) {
         Console c(Roomy());
         LogInAsRoot(c);
         MoveTo(c, "Restarting the management");
-        EditHost(c.Host(), [](nlohmann::json& s) { s["management"] = ""; });
+        c.Host().ChangeState([](nlohmann::json& s) { s["management"] = ""; });
         c->Key("Enter");
         ASSERT_TRUE(c->WaitForText("Management network interface cannot be found.")) << c->View().Text();
         EXPECT_TRUE(c->View().Contains("Restart Management Network: Error"));
@@ -133,7 +133,7 @@ TEST(Menu, CursorMoveLogListPagerAndSupportPaging) {
     std::string support = "# comment line\n";
     for (int i = 1; i <= 30; ++i)
         support += (i < 10 ? "support line 0" : "support line ") + std::to_string(i) + "\n";
-    c.Host().WriteFile("etc/orvane/support", support);
+    c.Host().Write("etc/orvane/support", support);
     LogInAsRoot(c);
     // One cursor move writes the two list rows and the pane's changed text only.
     MoveTo(c, "To view various troubleshooting");
@@ -156,7 +156,7 @@ TEST(Menu, CursorMoveLogListPagerAndSupportPaging) {
     c->Type("3"); // no third file: nothing happens
     c->WaitQuiet(100ms);
     ASSERT_TRUE(c->View().Contains(kLogPane));
-    const std::string stewd = c.Host().ReadFile("var/log/stewd.log");
+    const std::string stewd = c.Host().Read("var/log/stewd.log");
     ASSERT_NE(stewd.find('\n'), 0u);
     c->Type("2");
     ASSERT_TRUE(c->WaitForText("<Q> Quit </> RegExp Search <H> Help")) << c->View().Text();

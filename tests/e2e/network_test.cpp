@@ -45,7 +45,7 @@ void LeaveAndAnswer(Console& c, const std::string& question, const std::string& 
 
 TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     OpenNetworkWindow(c);
     EXPECT_TRUE(c->View().Contains("nicx0 (Intel Corporation 82599")) << c->View().Text();
@@ -64,7 +64,7 @@ TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
     ASSERT_TRUE(c->WaitForTextSettled("IPv4 Address: 192.0.2.20", 60ms));
     LeaveAndAnswer(c, kApplyQuestion, "y");
     ASSERT_TRUE(c->WaitForTextSettled(kMenuReady, 100ms)) << c->View().Text();
-    EXPECT_EQ(host.HostJson()["tesnics"][0]["stored"]["address"], "192.0.2.20");
+    EXPECT_EQ(host.State()["tesnics"][0]["stored"]["address"], "192.0.2.20");
     EXPECT_EQ(host.SyslogMatching("Setting ipv4 configuration to 192.0.2.20 255.255.255.0 on tes0").size(),
               1u);
     EXPECT_EQ(host.SyslogMatching("Network settings changed.").size(), 1u);
@@ -76,7 +76,7 @@ TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
     Accept(c, "7");
     LeaveAndAnswer(c, kApplyQuestion, "n");
     ASSERT_TRUE(c->WaitForTextSettled(kMenuReady, 100ms)) << c->View().Text();
-    EXPECT_EQ(host.HostJson()["standardSwitches"][0]["portGroups"][0]["vlan"], 0);
+    EXPECT_EQ(host.State()["standardSwitches"][0]["portGroups"][0]["vlan"], 0);
     EXPECT_EQ(host.SyslogMatching("Network settings changed.").size(), 1u);
 
     // Opening and leaving without an edit asks nothing.
@@ -90,7 +90,7 @@ TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
 
 TEST(Network, DhcpOnADistributedSwitchTakesALease) {
     Console c(Roomy("dvs"));
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     OpenNetworkWindow(c);
     // Adapters and VLAN cannot be chosen: the cursor starts on the IPv4 entry.
@@ -102,7 +102,7 @@ TEST(Network, DhcpOnADistributedSwitchTakesALease) {
     Accept(c, "Automatic");
     LeaveAndAnswer(c, kApplyQuestion, "Y");
     ASSERT_TRUE(c->WaitForTextSettled(kMenuReady, 100ms)) << c->View().Text();
-    const auto tes0 = host.HostJson()["tesnics"][0];
+    const auto tes0 = host.State()["tesnics"][0];
     EXPECT_TRUE(tes0["stored"]["dhcp"].get<bool>());
     EXPECT_EQ(tes0["running"]["address"], "192.0.2.77");
     EXPECT_EQ(host.SyslogMatching("Switching to DHCP on tes0").size(), 1u);
@@ -111,7 +111,7 @@ TEST(Network, DhcpOnADistributedSwitchTakesALease) {
 
 TEST(Network, Ipv6SwitchedOffAsksToRebootAndRestartsTheHost) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     LogInAsRoot(c);
     OpenNetworkWindow(c);
     OpenEntry(c, 3, "IPv6 Addresses", "Use DHCPv6");
@@ -120,16 +120,16 @@ TEST(Network, Ipv6SwitchedOffAsksToRebootAndRestartsTheHost) {
     LeaveAndAnswer(c, "Apply changes and reboot host?", "y");
     auto status = c->WaitExit(10s);
     ASSERT_TRUE(status) << c->View().Text();
-    const auto state = host.HostJson();
+    const auto state = host.State();
     EXPECT_EQ(state["power"]["state"], "rebooting");
     EXPECT_FALSE(state["ipv6"]["enabled"].get<bool>()) << "the host came back without IPv6";
 }
 
 TEST(Network, DnsVlanAndAdaptersApplyWhileTheGatewayStageFails) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
-    EditHost(host,
-             [](nlohmann::json& s) { s["simulation"]["failing"] = {"hostctl SetTesselDefaultGateway"}; });
+    const TestHost& host = c.Host();
+    host.ChangeState(
+        [](nlohmann::json& s) { s["simulation"]["failing"] = {"hostctl SetTesselDefaultGateway"}; });
     LogInAsRoot(c);
     OpenNetworkWindow(c);
 
@@ -167,7 +167,7 @@ TEST(Network, DnsVlanAndAdaptersApplyWhileTheGatewayStageFails) {
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled(kMenuReady, 100ms)) << c->View().Text();
 
-    const auto state = host.HostJson();
+    const auto state = host.State();
     EXPECT_EQ(state["standardSwitches"][0]["portGroups"][0]["vlan"], 5);
     EXPECT_EQ(state["standardSwitches"][0]["portGroups"][0]["teaming"]["uplinkOrder"],
               nlohmann::json::parse(R"(["nicx1", "nicx0"])"));

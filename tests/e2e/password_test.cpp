@@ -40,13 +40,13 @@ void ExpectError(Console& c, std::initializer_list<const char*> texts) {
     ASSERT_TRUE(c->Find(kOldField)) << "the dialog stays open";
 }
 
-int ConfigSaves(const SimHost& host) {
-    return host.HostJson()["system"].value("configSaves", 0);
+int ConfigSaves(const TestHost& host) {
+    return host.State()["system"].value("configSaves", 0);
 }
 
 TEST(Password, EscThenRefusalsThenTheSamePasswordAfterAskingThenANewLoginWithIt) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenLogin(c);
     OpenPasswordDialog(c);
     // Esc leaves everything as it was and goes back to the login dialog, the name kept.

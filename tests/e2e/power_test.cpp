@@ -19,7 +19,7 @@ void OpenShutdown(Console& c) {
 }
 
 // The calls made after the first `before` ones.
-Calls CallsSince(const SimHost& host, size_t before) {
+Calls CallsSince(const TestHost& host, size_t before) {
     Calls all = host.ToolCalls();
     return Calls(all.begin() + static_cast<long>(std::min(before, all.size())), all.end());
 }
@@ -38,7 +38,7 @@ Calls StopCalls(bool terminate, const std::string& power) {
 
 TEST(Power, EscRunsNothingThenShutDownForcingVmsOffStopsThemAndPowersOff) {
     Console c(Roomy("running-vms"));
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenShutdown(c);
     EXPECT_TRUE(c->View().Contains("[ ] " + std::string(kCheckItem)));
     EXPECT_TRUE(c->View().Contains("Remote management software is recommended"));
@@ -66,7 +66,7 @@ TEST(Power, EscRunsNothingThenShutDownForcingVmsOffStopsThemAndPowersOff) {
     EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
 
     EXPECT_EQ(CallsSince(host, before), StopCalls(true, "poweroff"));
-    const auto state = host.HostJson();
+    const auto state = host.State();
     EXPECT_EQ(state["power"]["state"], "off");
     for (const auto& vm : state["vms"])
         EXPECT_FALSE(vm["running"].get<bool>()) << vm.dump();
@@ -76,7 +76,7 @@ TEST(Power, EscRunsNothingThenShutDownForcingVmsOffStopsThemAndPowersOff) {
 
 TEST(Power, PowerCommandThatCannotStartBringsTheDialogBackThenRestartReboots) {
     Console c;
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenShutdown(c);
     std::filesystem::remove(host.Path("sbin/poweroff"));
     size_t before = host.ToolCalls().size();
@@ -86,7 +86,7 @@ TEST(Power, PowerCommandThatCannotStartBringsTheDialogBackThenRestartReboots) {
     ASSERT_TRUE(c->WaitForTextGone("Shutdown in progress...")) << c->View().Text();
     ASSERT_TRUE(c->WaitForTextSettled("Shut Down/Restart", 100ms));
     EXPECT_EQ(CallsSince(host, before), StopCalls(false, ""));
-    EXPECT_EQ(host.HostJson()["power"]["state"], "on");
+    EXPECT_EQ(host.State()["power"]["state"], "on");
     // Logged and reported before the command was tried.
     EXPECT_EQ(host.SyslogMatching("Shutting down host").size(), 1u);
     EXPECT_EQ(Events(host).back(), "@&!*@*@(obe.user.tarn.shutdown.host)Shutting down host");
@@ -98,7 +98,7 @@ TEST(Power, PowerCommandThatCannotStartBringsTheDialogBackThenRestartReboots) {
     ASSERT_TRUE(status) << c->View().Text();
     EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
     EXPECT_EQ(CallsSince(host, before), StopCalls(false, "reboot"));
-    EXPECT_EQ(host.HostJson()["power"]["state"], "rebooting");
+    EXPECT_EQ(host.State()["power"]["state"], "rebooting");
     EXPECT_EQ(host.SyslogMatching("Rebooting host").size(), 1u);
     EXPECT_EQ(Events(host).back(), "@&!*@*@(obe.user.tarn.reboot.host)Rebooting host");
 }

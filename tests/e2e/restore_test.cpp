@@ -29,14 +29,14 @@ void StartFactoryRestore(Console& c) {
 
 TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningChangesNothing) {
     Console c(Roomy("running-vms"));
-    const SimHost& host = c.Host();
-    const auto before = host.HostJson();
+    const TestHost& host = c.Host();
+    const auto before = host.State();
     const size_t events = Events(host).size();
     StartFactoryRestore(c);
     ASSERT_TRUE(c->WaitForTextSettled("Host has VMs running.")) << c->View().Text();
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
-    const auto after = host.HostJson();
+    const auto after = host.State();
     for (const char* key : {"standardSwitches", "tesnics", "vms"})
         EXPECT_EQ(after[key], before[key]) << key;
     EXPECT_FALSE(after.contains("netDumper"));
@@ -45,9 +45,9 @@ TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningChangesNothing) {
 
 TEST(Restore, FailingPowerOffKeepsTheNetworkAndStillReports) {
     Console c(Roomy("running-vms"));
-    const SimHost& host = c.Host();
-    EditHost(host, [](nlohmann::json& s) { s["simulation"]["failing"] = {"haltGuests"}; });
-    const auto before = host.HostJson();
+    const TestHost& host = c.Host();
+    host.ChangeState([](nlohmann::json& s) { s["simulation"]["failing"] = {"haltGuests"}; });
+    const auto before = host.State();
     StartFactoryRestore(c);
     ASSERT_TRUE(c->WaitForTextSettled("Host has VMs running.")) << c->View().Text();
     c->Key("Enter");
@@ -55,7 +55,7 @@ TEST(Restore, FailingPowerOffKeepsTheNetworkAndStillReports) {
     EXPECT_FALSE(c->View().Contains("Auto-configuring network."));
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
-    const auto after = host.HostJson();
+    const auto after = host.State();
     EXPECT_EQ(after["tesnics"], before["tesnics"]);
     EXPECT_EQ(after["standardSwitches"], before["standardSwitches"]);
     EXPECT_EQ(Events(host).back(),
@@ -72,13 +72,13 @@ TEST(Restore, SuccessfulRestoreShowsTheDhcpAddressOnTheWelcomeScreen) {
     ASSERT_TRUE(c->WaitForTextSettled(kRestorePane)) << c->View().Text();
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForText("192.0.2.77")) << c->View().Text();
-    EXPECT_EQ(c.Host().HostJson()["tesnics"][0]["running"]["dhcp"], true);
+    EXPECT_EQ(c.Host().State()["tesnics"][0]["running"]["dhcp"], true);
 }
 
 TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) {
     Console c(Roomy("dvs"));
-    const SimHost& host = c.Host();
-    EditHost(host, [](nlohmann::json& s) {
+    const TestHost& host = c.Host();
+    host.ChangeState([](nlohmann::json& s) {
         s["standardSwitches"].push_back({{"name", "kSwitch1"},
                                          {"ports", 128},
                                          {"uplinks", nlohmann::json::array()},
@@ -91,7 +91,7 @@ TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) 
         << c->View().Text();
     c->Key("F11");
     ASSERT_TRUE(c->WaitForTextSettled("Reconfigure properties of misconfigured kDS")) << c->View().Text();
-    const auto state = host.HostJson();
+    const auto state = host.State();
     ASSERT_EQ(state["standardSwitches"].size(), 3u);
     EXPECT_EQ(state["standardSwitches"][2]["name"], "kSwitch2");
     EXPECT_EQ(state["standardSwitches"][2]["uplinks"], nlohmann::json::array({"nicx2", "nicx3"}));
@@ -103,7 +103,7 @@ TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) 
 
 TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenRestoreOptions(c);
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
@@ -114,7 +114,7 @@ TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
     ASSERT_TRUE(c->WaitForTextSettled("Operation Cancelled")) << c->View().Text();
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
-    EXPECT_EQ(host.HostJson()["standardSwitches"].size(), 1u);
+    EXPECT_EQ(host.State()["standardSwitches"].size(), 1u);
     c->Key("Esc");
     EXPECT_TRUE(c->WaitForTextSettled("Create a new standard virtual switch")) << c->View().Text();
 }

@@ -78,13 +78,13 @@ TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
     for (const std::string& held :
          std::vector<std::string>{"", "0", "-5", "junk", std::to_string(dead), live}) {
         SCOPED_TRACE("pid file held '" + held + "'");
-        SimHost host;
+        TestHost host;
         if (!held.empty())
-            host.WriteFile("var/run/tarn.pid", held);
+            host.Write("var/run/tarn.pid", held);
         Console c(host, {});
         ASSERT_TRUE(c->WaitForText(kReady));
         EXPECT_TRUE(c->Running()) << "a second instance still runs";
-        EXPECT_EQ(host.PidFile(), held == live ? live : std::to_string(c->Pid()));
+        EXPECT_EQ(host.Read("var/run/tarn.pid"), held == live ? live : std::to_string(c->Pid()));
         EXPECT_EQ(host.SyslogMatching("Attempt to run multiple TARN instances, not updating " +
                                       host.Path("var/run/tarn.pid"))
                       .size(),

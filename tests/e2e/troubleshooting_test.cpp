@@ -16,7 +16,7 @@ using Calls = std::vector<std::vector<std::string>>;
 constexpr const char* kTroubleshootingPane = "To view various troubleshooting mode options";
 constexpr const char* kResetPane = "All system parameters will be reverted";
 
-Calls CallsSince(const SimHost& host, size_t before) {
+Calls CallsSince(const TestHost& host, size_t before) {
     Calls all = host.ToolCalls();
     return Calls(all.begin() + static_cast<long>(std::min(before, all.size())), all.end());
 }
@@ -48,13 +48,13 @@ void Select(Console& c, const std::string& paneText) {
     ASSERT_TRUE(c->WaitQuiet(50ms));
 }
 
-nlohmann::json Option(const SimHost& host, const std::string& path) {
-    return host.HostJson()["advancedOptions"][path]["value"];
+nlohmann::json Option(const TestHost& host, const std::string& path) {
+    return host.State()["advancedOptions"][path]["value"];
 }
 
 TEST(Troubleshooting, CorlaShellToggledOnAndOff) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenTroubleshooting(c);
     EXPECT_TRUE(c->View().Contains("Troubleshooting Mode Options"));
     EXPECT_TRUE(c->View().Contains("Corla Shell is Disabled"));
@@ -73,21 +73,20 @@ TEST(Troubleshooting, CorlaShellToggledOnAndOff) {
                                                {"kelp-cmd", "-U", "tarn", "hostsvc/enable_corla_shell"},
                                                {"/etc/init.d/CorlaShell", "status"},
                                                {"/etc/init.d/SSH", "status"}}));
-    EXPECT_EQ(host.HostJson()["services"]["CorlaShell"],
-              (nlohmann::json{{"running", true}, {"enabled", true}}));
+    EXPECT_EQ(host.State()["services"]["CorlaShell"], (nlohmann::json{{"running", true}, {"enabled", true}}));
     EXPECT_EQ(host.SyslogMatching("User root enabled Corla Shell").size(), 1u);
 
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Corla Shell is Disabled", 50ms)) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("Enable Corla Shell"));
-    EXPECT_EQ(host.HostJson()["services"]["CorlaShell"],
+    EXPECT_EQ(host.State()["services"]["CorlaShell"],
               (nlohmann::json{{"running", false}, {"enabled", false}}));
     EXPECT_EQ(host.SyslogMatching("User root disabled Corla Shell").size(), 1u);
 }
 
 TEST(Troubleshooting, SshWithKelpCmdFailingUsesTheInitScriptAndStillSetsTheFirewall) {
-    SimHost host("default");
-    EditHost(host, [](nlohmann::json& s) {
+    TestHost host("default");
+    host.ChangeState([](nlohmann::json& s) {
         s["firewall"]["rulesets"][0]["enabled"] = false;
         s["simulation"]["failing"] = {"kelp-cmd hostsvc/start_ssh"};
     });
@@ -102,7 +101,7 @@ TEST(Troubleshooting, SshWithKelpCmdFailingUsesTheInitScriptAndStillSetsTheFirew
     const Calls calls = CallsSince(host, before);
     EXPECT_TRUE(Called(calls, {"/etc/init.d/SSH", "start"})) << nlohmann::json(calls).dump();
     EXPECT_TRUE(Called(calls, {"kelp-cmd", "-U", "tarn", "hostsvc/enable_ssh"}));
-    const auto state = host.HostJson();
+    const auto state = host.State();
     EXPECT_EQ(state["services"]["SSH"], (nlohmann::json{{"running", true}, {"enabled", true}}));
     EXPECT_EQ(state["firewall"]["rulesets"][0]["enabled"], true);
     EXPECT_EQ(host.SyslogMatching("Unable to run kelp-cmd to start/stop ssh").size(), 1u);
@@ -110,8 +109,8 @@ TEST(Troubleshooting, SshWithKelpCmdFailingUsesTheInitScriptAndStillSetsTheFirew
 }
 
 TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
-    SimHost host("default");
-    EditHost(host, [](nlohmann::json& s) { s["services"]["SSH"]["running"] = true; });
+    TestHost host("default");
+    host.ChangeState([](nlohmann::json& s) { s["services"]["SSH"]["running"] = true; });
     Console c(host, Roomy());
     OpenTroubleshooting(c);
     Select(c, "Modify the number of minutes that can elapse");
@@ -158,7 +157,7 @@ TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
 
 TEST(Troubleshooting, ConsoleTimeoutRefuses1441AndStores1440InSeconds) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenTroubleshooting(c);
     Select(c, "Modify the number of idle minutes");
     // Typed over the shown value; the input takes five characters, so the last "9" of "014409" is dropped.
@@ -185,7 +184,7 @@ TEST(Troubleshooting, ConsoleTimeoutRefuses1441AndStores1440InSeconds) {
 // Slow: the shortest idle time-out is one minute.
 TEST(TroubleshootingSlow, ConsoleTimeoutOfOneMinuteLogsTheIdleSessionOut) {
     Console c(Roomy());
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenTroubleshooting(c);
     Select(c, "Modify the number of idle minutes");
     c->Key("Enter");
@@ -200,8 +199,8 @@ TEST(TroubleshootingSlow, ConsoleTimeoutOfOneMinuteLogsTheIdleSessionOut) {
 }
 
 TEST(Troubleshooting, RestartAgentsWithAndWithoutTheLiveCore) {
-    SimHost host("default");
-    EditHost(host, [](nlohmann::json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
+    TestHost host("default");
+    host.ChangeState([](nlohmann::json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
     Console c(host, Roomy());
     OpenTroubleshooting(c);
     Select(c, "The management agents are the programs");
@@ -257,8 +256,8 @@ void OpenReset(Console& c) {
 }
 
 TEST(ResetSystem, CancelledRunsNothingFailedReturnsToTheMenuWorkingRestartsAfterEnter) {
-    SimHost host("default");
-    EditHost(host, [](nlohmann::json& s) {
+    TestHost host("default");
+    host.ChangeState([](nlohmann::json& s) {
         s["simulation"]["failing"] = {"resetCfg.py"};
         s["services"]["SSH"]["running"] = true;
     });
@@ -280,15 +279,15 @@ TEST(ResetSystem, CancelledRunsNothingFailedReturnsToTheMenuWorkingRestartsAfter
     ASSERT_TRUE(c->WaitForTextGone("Reset System Configuration now?")) << c->View().Text();
     ASSERT_TRUE(c->WaitForTextSettled(kResetPane, 50ms)) << c->View().Text();
     EXPECT_TRUE(Called(CallsSince(host, before), reset));
-    EXPECT_EQ(host.HostJson()["power"]["state"], "on");
-    EXPECT_EQ(host.HostJson()["services"]["SSH"]["running"], true);
+    EXPECT_EQ(host.State()["power"]["state"], "on");
+    EXPECT_EQ(host.State()["services"]["SSH"]["running"], true);
     EXPECT_EQ(Events(host),
               std::vector<std::string>{"@&!*@*@(obe.user.tarn.restore.factory.defaults)Restoring "
                                        "factory defaults"});
 
     // It works: text 181, and the host restarts only after Enter. Without the pid file the restart cannot
     // end the console, which shows that it then waits without spinning.
-    EditHost(host, [](nlohmann::json& s) { s["simulation"]["failing"] = nlohmann::json::array(); });
+    host.ChangeState([](nlohmann::json& s) { s["simulation"]["failing"] = nlohmann::json::array(); });
     std::filesystem::remove(host.Path("var/run/tarn.pid"));
     OpenReset(c);
     c->Key("F11");
@@ -296,12 +295,12 @@ TEST(ResetSystem, CancelledRunsNothingFailedReturnsToTheMenuWorkingRestartsAfter
         << c->View().Text();
     EXPECT_TRUE(c->View().Contains("<Enter> Restart Host"));
     EXPECT_FALSE(c->View().Contains("Reset System Configuration now?"));
-    EXPECT_EQ(host.HostJson()["services"]["SSH"]["running"], false);
-    EXPECT_EQ(host.HostJson()["power"]["state"], "on");
+    EXPECT_EQ(host.State()["services"]["SSH"]["running"], false);
+    EXPECT_EQ(host.State()["power"]["state"], "on");
     SaveScreenshot(c->View(), "reset-done");
 
     c->Key("Enter");
-    ASSERT_TRUE(c->WaitFor([&] { return host.HostJson()["power"]["state"] == "rebooting"; }))
+    ASSERT_TRUE(c->WaitFor([&] { return host.State()["power"]["state"] == "rebooting"; }))
         << c->View().Text();
     auto start = ReadProcStats(c->Pid());
     ASSERT_TRUE(start);

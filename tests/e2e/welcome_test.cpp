@@ -88,9 +88,9 @@ TEST(Welcome, DhcpLabelsAndWarningPrecedence) {
               "audit mode"},
              {"dhcp-no-lease", true, {"Warning: Host is running in audit mode."}, "DHCP lookup failed"}}) {
         SCOPED_TRACE(std::string(k.scenario) + (k.auditMode ? " in audit mode" : ""));
-        SimHost host(k.scenario);
+        TestHost host(k.scenario);
         if (k.auditMode)
-            EditHost(host, [](nlohmann::json& s) { s["system"]["bootOptions"]["auditMode"] = true; });
+            host.ChangeState([](nlohmann::json& s) { s["system"]["bootOptions"]["auditMode"] = true; });
         Console c(host, Roomy());
         ASSERT_TRUE(c->WaitForTextSettled(kReady)) << c->View().Text();
         for (const auto& text : k.shown)
@@ -106,8 +106,8 @@ TEST(Welcome, DhcpLabelsAndWarningPrecedence) {
 
 TEST(Welcome, Ipv6AddressesSortedFourThenEllipsisOrExactlyFive) {
     // Without a host-name line the seven-row box has room for the "..." line.
-    SimHost host("ipv6");
-    EditHost(host, [](nlohmann::json& s) { s["dns"]["hostname"] = "localhost"; });
+    TestHost host("ipv6");
+    host.ChangeState([](nlohmann::json& s) { s["dns"]["hostname"] = "localhost"; });
     const std::vector<std::string> top = {
         "To manage this host, go to:", "https://192.0.2.10/ (STATIC)", "https://[2001:db8:1::12]/ (STATIC)",
         "https://[2001:db8::10]/ (STATIC)", "https://[2001:db8::11]/ (STATIC)"};
@@ -116,7 +116,7 @@ TEST(Welcome, Ipv6AddressesSortedFourThenEllipsisOrExactlyFive) {
          {std::vector<std::string>{linkLocal, "..."},
           std::vector<std::string>{"https://[2001:db8::250:56ff:feaa:0]/ (AUTOCONF)", linkLocal}}) {
         if (last[1] != "...") // five addresses: the two last in the list dropped
-            EditHost(host, [](nlohmann::json& s) {
+            host.ChangeState([](nlohmann::json& s) {
                 auto& list = s["tesnics"][0]["running"]["ipv6"];
                 list.erase(list.size() - 1);
                 list.erase(list.size() - 1);
@@ -131,9 +131,9 @@ TEST(Welcome, Ipv6AddressesSortedFourThenEllipsisOrExactlyFive) {
 }
 
 TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsRaisedOnce) {
-    SimHost host("no-nics");
-    EditHost(host,
-             [](nlohmann::json& s) { s["system"]["welcomeMessage"] = "Authorized use only.\nLab host."; });
+    TestHost host("no-nics");
+    host.ChangeState(
+        [](nlohmann::json& s) { s["system"]["welcomeMessage"] = "Authorized use only.\nLab host."; });
     Console c(host, Roomy());
     ASSERT_TRUE(c->WaitForTextSettled("Lab host.")) << c->View().Text();
     EXPECT_EQ(*c->Find("Authorized use only."), (Pos{2, 2}));
@@ -142,7 +142,7 @@ TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsR
     EXPECT_EQ(c->CellAt(0, 0).text, "\u250c");
 
     // Data is read on every redraw: the message cleared, any key brings the two halves back.
-    EditHost(host, [](nlohmann::json& s) { s["system"]["welcomeMessage"] = ""; });
+    host.ChangeState([](nlohmann::json& s) { s["system"]["welcomeMessage"] = ""; });
     c->Type("x");
     ASSERT_TRUE(c->WaitForText("No compatible network adapter found. Please consult")) << c->View().Text();
     EXPECT_TRUE(c->WaitForTextGone("Authorized use only."));
@@ -154,14 +154,14 @@ TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsR
         c->WaitQuiet(80ms);
     }
     EXPECT_TRUE(c->View().Contains("No compatible network adapter found."));
-    EXPECT_EQ(host.HostJson()["system"]["alerts"],
+    EXPECT_EQ(host.State()["system"]["alerts"],
               nlohmann::json::array({"No compatible network adapter found."}));
 }
 
 // Slow: the shortest idle time-out is one minute.
 TEST(WelcomeSession, IdleTimeOutInTheMenuLogsTheUserOut) {
-    SimHost host("default");
-    EditHost(host, [](nlohmann::json& s) { s["advancedOptions"]["/UserVars/TarnTimeOut"]["value"] = 1; });
+    TestHost host("default");
+    host.ChangeState([](nlohmann::json& s) { s["advancedOptions"]["/UserVars/TarnTimeOut"]["value"] = 1; });
     Console c(host, Roomy());
     LogInAsRoot(c);
     ASSERT_TRUE(c->WaitForTextGone(kMenuReady, 75s)) << c->View().Text();

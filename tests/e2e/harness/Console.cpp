@@ -5,7 +5,7 @@
 
 namespace e2e {
 
-LaunchOptions Console::Launch(const SimHost& host, const ConsoleOptions& o) {
+LaunchOptions Console::Launch(const TestHost& host, const ConsoleOptions& o) {
     LaunchOptions l;
     l.program = BuildDir() + "/tarn";
     l.args = o.args;
@@ -19,10 +19,10 @@ LaunchOptions Console::Launch(const SimHost& host, const ConsoleOptions& o) {
 }
 
 Console::Console(const ConsoleOptions& o)
-    : owned_(std::make_unique<SimHost>(o.scenario)), host_(owned_.get()),
+    : owned_(std::make_unique<TestHost>(o.scenario)), host_(owned_.get()),
       term_(std::make_unique<Terminal>(Launch(*host_, o))) {}
 
-Console::Console(SimHost& host, const ConsoleOptions& o)
+Console::Console(TestHost& host, const ConsoleOptions& o)
     : host_(&host), term_(std::make_unique<Terminal>(Launch(host, o))) {}
 
 } // namespace e2e

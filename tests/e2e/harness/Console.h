@@ -1,8 +1,8 @@
 // The console under test: a fresh simulated host plus ./tarn started against it in a pseudo-terminal.
 #pragma once
 
-#include "harness/SimHost.h"
 #include "harness/Terminal.h"
+#include "support/TestHost.h"
 
 #include <memory>
 
@@ -20,17 +20,17 @@ class Console {
 public:
     explicit Console(const ConsoleOptions& options = {});
     // Starts the console against an existing host (for a second instance, or a prepared pid file).
-    Console(SimHost& host, const ConsoleOptions& options);
+    Console(TestHost& host, const ConsoleOptions& options);
 
-    SimHost& Host() { return *host_; }
+    TestHost& Host() { return *host_; }
     Terminal& Term() { return *term_; }
     Terminal* operator->() { return term_.get(); }
 
 private:
-    static LaunchOptions Launch(const SimHost& host, const ConsoleOptions& options);
+    static LaunchOptions Launch(const TestHost& host, const ConsoleOptions& options);
 
-    std::unique_ptr<SimHost> owned_;
-    SimHost* host_;
+    std::unique_ptr<TestHost> owned_;
+    TestHost* host_;
     std::unique_ptr<Terminal> term_;
 };
 

@@ -1,16 +1,10 @@
-// Build and output directories from the environment ctest sets.
+// The output directory from the environment ctest sets.
 #include "harness/Paths.h"
 
 #include <cstdlib>
 #include <filesystem>
 
 namespace e2e {
-
-std::string BuildDir() {
-    if (const char* dir = std::getenv("TARN_BUILD_DIR"); dir && *dir)
-        return dir;
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
-}
 
 std::string OutDir() {
     std::string dir;

@@ -1,5 +1,7 @@
 // Agent restart (with and without the live core) and the configuration reset on the simulated host.
-#include "SimHostFixture.h"
+#include "support/ActiveTestHost.h"
+
+#include <gtest/gtest.h>
 
 #include "hostops/AgentRestart.h"
 #include "hostops/LiveCore.h"
@@ -15,8 +17,11 @@ using Strings = std::vector<std::string>;
 
 const Tarn::AgentRestartTexts kTexts = {"Collecting.", "Stopping.", "Starting.", "Done."};
 
-class AgentRestart : public SimHostFixture {
+class AgentRestart : public ::testing::Test {
 protected:
+    using Json = TestHost::Json;
+    ActiveTestHost host_;
+
     Strings Restart(bool collect) {
         Strings shown;
         Tarn::RestartAgents(collect, kTexts, [&](const std::string& text) { shown.push_back(text); });
@@ -41,14 +46,14 @@ protected:
 };
 
 TEST_F(AgentRestart, ProgressAndCommandsWithoutTheLiveCore) {
-    Change([](Json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
+    host_.ChangeState([](Json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
     EXPECT_EQ(Restart(false),
               (Strings{"{color:dark-grey}{/color}{color:black}Stopping.{/color}",
                        "{color:dark-grey}Stopping. Done.\n{/color}{color:black}Starting.{/color}",
                        "{color:dark-grey}Stopping. Done.\nStarting. Done.{/color}"}));
-    EXPECT_EQ(Calls(), (Strings{"/sbin/svcctl.sh stop", "/sbin/svcctl.sh start"}));
-    EXPECT_TRUE(Logged("Restarting host agents"));
-    EXPECT_EQ(Lines("var/log/obed.log"),
+    EXPECT_EQ(host_.NewToolCalls(), (Strings{"/sbin/svcctl.sh stop", "/sbin/svcctl.sh start"}));
+    EXPECT_TRUE(host_.Logged("Restarting host agents"));
+    EXPECT_EQ(host_.Lines("var/log/obed.log"),
               Strings{"@&!*@*@(obe.user.tarn.restarting.hostagents)Restarting host agents"});
 }
 
@@ -59,48 +64,50 @@ TEST_F(AgentRestart, LiveCoreStartedFirstAndNotWaitedFor) {
     EXPECT_TRUE(WaitFor([&] {
         // The user-interface thread keeps reading the host through the platform meanwhile.
         EXPECT_EQ(Tarn::GetTarnTimeout(), 600);
-        return !State()["system"]["alerts"].empty() || Logged("tesbacktrace failed, probably stewd was down");
+        return !host_.State()["system"]["alerts"].empty() ||
+               host_.Logged("tesbacktrace failed, probably stewd was down");
     }));
-    Strings calls = Calls();
-    EXPECT_TRUE(
-        Has(calls, dir_ + "/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d " + dir_ + "/var/log/"));
-    EXPECT_TRUE(Logged("Executing tesbacktrace -c against stewd"));
+    Strings calls = host_.NewToolCalls();
+    EXPECT_TRUE(Has(calls, host_.Root() + "/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d " +
+                               host_.Root() + "/var/log/"));
+    EXPECT_TRUE(host_.Logged("Executing tesbacktrace -c against stewd"));
     // The core races the agents' stop: either it was written and announced, or the failure is logged.
     bool written = false;
-    for (const auto& entry : std::filesystem::directory_iterator(dir_ + "/var/log"))
+    for (const auto& entry : std::filesystem::directory_iterator(host_.Root() + "/var/log"))
         written |= entry.path().extension() == ".core";
     if (written)
-        EXPECT_EQ(State()["system"]["alerts"], Json::array({"Stewd core dump completed"}));
+        EXPECT_EQ(host_.State()["system"]["alerts"], Json::array({"Stewd core dump completed"}));
     else
-        EXPECT_TRUE(Logged("tesbacktrace failed, probably stewd was down"));
+        EXPECT_TRUE(host_.Logged("tesbacktrace failed, probably stewd was down"));
 }
 
 TEST_F(AgentRestart, LiveCoreOfAStoppedAgentFails) {
-    Change([](Json& s) { s["services"]["stewd"]["running"] = false; });
+    host_.ChangeState([](Json& s) { s["services"]["stewd"]["running"] = false; });
     Tarn::TakeLiveCore(); // on this thread: nothing to wait for
-    EXPECT_TRUE(Logged("tesbacktrace failed, probably stewd was down"));
-    EXPECT_TRUE(State()["system"]["alerts"].empty());
+    EXPECT_TRUE(host_.Logged("tesbacktrace failed, probably stewd was down"));
+    EXPECT_TRUE(host_.State()["system"]["alerts"].empty());
 }
 
 TEST_F(AgentRestart, ResetRunsTheToolAndRebootsOnlyWhenAsked) {
     Tarn::ReportSystemReset();
-    EXPECT_TRUE(Logged("Restoring factory defaults"));
-    EXPECT_EQ(Lines("var/log/obed.log"),
+    EXPECT_TRUE(host_.Logged("Restoring factory defaults"));
+    EXPECT_EQ(host_.Lines("var/log/obed.log"),
               Strings{"@&!*@*@(obe.user.tarn.restore.factory.defaults)Restoring factory defaults"});
 
-    Change([](Json& s) { s["simulation"]["failing"] = {"resetCfg.py"}; });
+    host_.ChangeState([](Json& s) { s["simulation"]["failing"] = {"resetCfg.py"}; });
     EXPECT_FALSE(Tarn::RunSystemReset());
-    Change([](Json& s) {
+    host_.ChangeState([](Json& s) {
         s["simulation"]["failing"] = Json::array();
         s["services"]["SSH"]["running"] = true;
     });
     EXPECT_TRUE(Tarn::RunSystemReset());
-    EXPECT_EQ(State()["services"]["SSH"]["running"], false);
-    EXPECT_EQ(State()["power"]["state"], "on");
+    EXPECT_EQ(host_.State()["services"]["SSH"]["running"], false);
+    EXPECT_EQ(host_.State()["power"]["state"], "on");
     EXPECT_TRUE(Tarn::RestartHostForced());
-    EXPECT_EQ(State()["power"]["state"], "rebooting");
-    EXPECT_EQ(Calls(), (Strings{"/sbin/resetCfg.py --reset-only", "/sbin/resetCfg.py --reset-only",
-                                dir_ + "/sbin/reboot -f"}));
+    EXPECT_EQ(host_.State()["power"]["state"], "rebooting");
+    EXPECT_EQ(host_.NewToolCalls(),
+              (Strings{"/sbin/resetCfg.py --reset-only", "/sbin/resetCfg.py --reset-only",
+                       host_.Root() + "/sbin/reboot -f"}));
 }
 
 } // namespace

@@ -1,5 +1,5 @@
 // RunProcess and its generic wrappers against real children.
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include "hostops/CommandRunner.h"
 
@@ -21,7 +21,7 @@ struct Outcome {
 
 // Runs DIR/bin/child, a script with `body`; with `capture` both streams go to 255-byte buffers, and
 // nothing may be written past them.
-Outcome RunChild(const TempHost& host, const std::string& body, int32_t timeout = 0,
+Outcome RunChild(const TestHost& host, const std::string& body, int32_t timeout = 0,
                  const std::string& input = "", bool capture = true) {
     host.Script("/bin/child", body);
     std::string path = host.Path("/bin/child");
@@ -61,7 +61,7 @@ TEST(RunProcess, ExitCodesSignalsAndTimeouts) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.body);
-        TempHost host;
+        ActiveTestHost host{TestHost::Layout::Folders};
         auto start = Clock::now();
         EXPECT_EQ(RunChild(host, c.body, c.timeout, "", false).rc, c.rc);
         auto elapsed = Clock::now() - start;
@@ -72,7 +72,7 @@ TEST(RunProcess, ExitCodesSignalsAndTimeouts) {
         EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child left unreaped";
         EXPECT_EQ(errno, ECHILD);
     }
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     const char* argv[] = {"missing", nullptr};
     EXPECT_EQ(Tarn::RunProcess(host.Path("/bin/missing").c_str(), argv, nullptr, nullptr, nullptr, nullptr,
                                nullptr, 0, 0),
@@ -80,7 +80,7 @@ TEST(RunProcess, ExitCodesSignalsAndTimeouts) {
 }
 
 TEST(RunProcess, CapturesAtMostCapacityAndFeedsStdin) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     Outcome big = RunChild(host, "head -c 300 /dev/zero | tr '\\0' o; head -c 10 /dev/zero | tr '\\0' e >&2");
     EXPECT_EQ(big.rc, 0);
     EXPECT_EQ(big.out, std::string(255, 'o'));
@@ -94,7 +94,7 @@ TEST(RunProcess, CapturesAtMostCapacityAndFeedsStdin) {
 // Output is read while the child runs: far more than a pipe holds neither blocks the child until the
 // time-out nor changes what is kept.
 TEST(RunProcess, ChildWritingMoreThanAPipeHoldsFinishes) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     const std::string flood =
         "head -c 1000000 /dev/zero | tr '\\0' o; head -c 1000000 /dev/zero | tr '\\0' e >&2";
     for (bool capture : {true, false}) {
@@ -117,7 +117,7 @@ TEST(RunProcess, ChildWritingMoreThanAPipeHoldsFinishes) {
 }
 
 TEST(RunProcess, ChildGetsOnlyPythonHomeAndThreeDescriptors) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     std::filesystem::create_symlink("/usr/bin/env", host.Path("/bin/env"));
     setenv("TARN_TEST_LEAK", "1", 1);
     const char* argv[] = {"env", nullptr};
@@ -133,7 +133,7 @@ TEST(RunProcess, ChildGetsOnlyPythonHomeAndThreeDescriptors) {
 }
 
 TEST(RunProcess, ShellAndLoggedWrappers) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     EXPECT_EQ(Tarn::RunShellCommand("echo ran > " + host.Path("/marker") + "; exit 6"), 6);
     EXPECT_EQ(host.Read("/marker"), "ran\n");
 

@@ -1,5 +1,5 @@
 // corlacli switch commands and the bryn-opsagent service operations.
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include "hostops/BrynOpsAgent.h"
 #include "hostops/CorlaCli.h"
@@ -9,7 +9,7 @@
 namespace {
 
 TEST(CorlaCli, SwitchCommandsBuildTheirArgumentsAndLogFailures) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     host.Script("/bin/corlacli", "echo \"$*\" >> " + host.Path("/calls"));
     EXPECT_TRUE(Tarn::AddStandardSwitch("kSwitch1"));
     EXPECT_TRUE(Tarn::ChangeStandardSwitchUplink("kSwitch1", "nicx1", true));
@@ -45,7 +45,7 @@ TEST(BrynOpsAgent, StopAndStartFollowTheStopResult) {
          {"stop"}},
     };
     for (const Case& c : cases) {
-        TempHost host;
+        ActiveTestHost host{TestHost::Layout::Folders};
         host.Script("/etc/init.d/bryn-opsagent", "echo $1 >> " + host.Path("/calls") +
                                                      "\n[ $1 = stop ] && exit " + std::to_string(c.stopRc) +
                                                      "\nexit 0");
@@ -66,7 +66,7 @@ TEST(BrynOpsAgent, ActiveNeedsPresenceAndVersionThree) {
     } cases[] = {
         {true, "3.0.1", true}, {true, "12.4", true}, {true, "2.9.9", false}, {false, "3.0.1", false}};
     for (const Case& c : cases) {
-        TempHost host;
+        ActiveTestHost host{TestHost::Layout::Folders};
         if (c.installed)
             host.Script("/etc/init.d/bryn-opsagent", "[ $1 = status ]");
         host.Script("/bin/corlacli", std::string("echo \"$*\" > ") + host.Path("/calls") +
@@ -82,7 +82,7 @@ TEST(BrynOpsAgent, ActiveNeedsPresenceAndVersionThree) {
 }
 
 TEST(BrynOpsAgent, MigrateSwitchRunsTheMigrationTool) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     const std::string tool = "/usr/lib64/orvane/bryn-opsagent/bin/bryncfg-kswitch";
     host.Script(tool, "echo \"$*\" > " + host.Path("/calls") + "\n[ $3 = good ]");
     EXPECT_TRUE(Tarn::BrynMigrateSwitch("good", "tes0"));

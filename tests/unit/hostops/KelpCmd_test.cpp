@@ -1,5 +1,5 @@
 // kelp-cmd wrappers: fallback to the service account, boolean queries, host actions.
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include "hostops/Accounts.h"
 #include "hostops/KelpCmd.h"
@@ -10,7 +10,7 @@ namespace {
 
 // A kelp-cmd that records each argv as one line, prints the user it ran as and exits with `rcForUser` for
 // every user but "tarn", and with 0 for "tarn".
-void InstallKelpCmd(const TempHost& host, int rcForUser) {
+void InstallKelpCmd(const TestHost& host, int rcForUser) {
     host.Script("/bin/kelp-cmd", "echo \"$*\" >> " + host.Path("/calls") + "\necho \"as $2\"\n" +
                                      "[ \"$2\" = tarn ] && exit 0\nexit " + std::to_string(rcForUser));
 }
@@ -26,7 +26,7 @@ TEST(RunKelpCmdWithFallback, RetriesAsServiceAccountOnlyOn255) {
                  {0, 0, {"-U alice vm/list"}, "as alice\n"}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.rc);
-        TempHost host;
+        ActiveTestHost host{TestHost::Layout::Folders};
         InstallKelpCmd(host, c.rc);
         const char* argv[] = {"kelp-cmd", "-U", "alice", "vm/list", nullptr};
         char out[300] = {};
@@ -51,7 +51,7 @@ TEST(KelpCmdGetBool, OnlyLeadingLowerCaseTrueCounts) {
                  {"false\n", 0, false}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.output);
-        TempHost host;
+        ActiveTestHost host{TestHost::Layout::Folders};
         host.Write("/answer", c.output);
         host.Script("/bin/kelp-cmd", "echo \"$*\" >> " + host.Path("/calls") + "\ncat " +
                                          host.Path("/answer") + "\nexit " + std::to_string(c.rc));
@@ -63,7 +63,7 @@ TEST(KelpCmdGetBool, OnlyLeadingLowerCaseTrueCounts) {
 }
 
 TEST(KelpCmdActions, RunAsLoggedInUser) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     InstallKelpCmd(host, 255);
     host.Script("/bin/haltGuests", "echo \"$*\" >> " + host.Path("/calls"));
     Tarn::SetLoggedInUser("bob");

@@ -1,5 +1,5 @@
 // Observation events and login audit records, read back from the simulated host's log files.
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include "core/Report.h"
 #include "platform/ObeUser.h"
@@ -9,7 +9,7 @@
 namespace {
 
 TEST(ReportEvent, AppendsEventsAndSurvivesAnUnavailableLibrary) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     host.Write("/var/run/obed.disabled", "");
     Tarn::ReportEvent(Tarn::kEventPasswordChanged, "root");
     EXPECT_TRUE(host.Read("/var/log/obed.log").empty());
@@ -35,13 +35,13 @@ TEST(ReportLogin, EachOutcomeLogsAuditsAndPostsEvent) {
         Tarn::LoginOutcome outcome;
         std::vector<std::string> syslog; // facility.level and message
         int success;
-        TempHost::Json pairs;
+        TestHost::Json pairs;
         std::vector<std::string> events;
     } cases[] = {
         {Tarn::LoginOutcome::Success,
          {"auth.emerg Authentication of user ann succeeded", "user.info User ann logged in"},
          1,
-         TempHost::Json::object(),
+         TestHost::Json::object(),
          {}},
         {Tarn::LoginOutcome::PasswordExpired,
          {"auth.err Password has expired for user ann", "user.info Initializing obeuser library"},
@@ -60,7 +60,7 @@ TEST(ReportLogin, EachOutcomeLogsAuditsAndPostsEvent) {
          {"@&!*@*@(obe.user.tarn.login.failed)Access denied for user ann"}},
     };
     for (const Case& c : cases) {
-        TempHost host;
+        ActiveTestHost host{TestHost::Layout::Folders};
         Tarn::ReportLogin(c.outcome, "ann");
         // "<time> <facility>.<level> TARN[pid]: <message>" reduced to facility.level and message.
         std::vector<std::string> syslog;
@@ -72,7 +72,7 @@ TEST(ReportLogin, EachOutcomeLogsAuditsAndPostsEvent) {
         EXPECT_EQ(syslog, c.syslog);
         auto audit = host.Lines("/var/log/audit.log");
         ASSERT_EQ(audit.size(), 1u);
-        EXPECT_EQ(TempHost::Json::parse(audit[0]), TempHost::Json({{"event", "login.connect"},
+        EXPECT_EQ(TestHost::Json::parse(audit[0]), TestHost::Json({{"event", "login.connect"},
                                                                    {"user", "ann"},
                                                                    {"source", ""},
                                                                    {"success", c.success},
@@ -82,11 +82,11 @@ TEST(ReportLogin, EachOutcomeLogsAuditsAndPostsEvent) {
 }
 
 TEST(ReportLogout, WritesDisconnectRecord) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     Tarn::ReportLogout("ann \"quoted\"");
     auto audit = host.Lines("/var/log/audit.log");
     ASSERT_EQ(audit.size(), 1u);
-    auto record = TempHost::Json::parse(audit[0]);
+    auto record = TestHost::Json::parse(audit[0]);
     EXPECT_EQ(record["event"], "login.disconnect");
     EXPECT_EQ(record["user"], "ann \"quoted\"");
 }

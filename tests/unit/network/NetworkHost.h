@@ -3,13 +3,13 @@
 // DHCP server on the wire that would lease 192.0.2.77.
 #pragma once
 
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include <gtest/gtest.h>
 
 class NetworkHostTest : public ::testing::Test {
 protected:
-    using Json = TempHost::Json;
+    using Json = TestHost::Json;
 
     static Json BaseHost() {
         Json ip = Json::parse(R"({"dhcp": false, "ipv4None": false, "address": "192.0.2.10",
@@ -48,5 +48,5 @@ protected:
         return host;
     }
 
-    TempHost host_;
+    ActiveTestHost host_{TestHost::Layout::Folders};
 };

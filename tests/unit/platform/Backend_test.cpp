@@ -1,8 +1,11 @@
 // Host selection from TARN_HOST, with the environment and the creation of the default host passed in, so
 // that nothing is written outside a temporary directory.
-#include "../TempHost.h"
-
 #include "platform/Backend.h"
+#include "platform/HostRoot.h"
+#include "support/TestHost.h"
+
+#include <filesystem>
+#include <fstream>
 
 #include <gtest/gtest.h>
 
@@ -25,7 +28,7 @@ protected:
         };
     }
 
-    TempHost dir_;
+    TestHost dir_{TestHost::Layout::Empty};
     const std::string tmp_ = dir_.Root();
     std::vector<std::string> created_;
 };

@@ -1,5 +1,5 @@
 // The system, hardware, option, smart-card, resource and firewall classes against a simulated host.
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include "platform/AdvancedOptions.h"
 #include "platform/HardwareInfo.h"
@@ -15,7 +15,7 @@
 #include <functional>
 
 using HostCtl::Lib::HostCtlException;
-using Json = TempHost::Json;
+using Json = TestHost::Json;
 
 namespace {
 
@@ -51,7 +51,7 @@ protected:
     }
     void SetUp() override { host_.WriteState(BaseState()); }
 
-    TempHost host_;
+    ActiveTestHost host_{TestHost::Layout::Folders};
 };
 
 TEST_F(HostAreasTest, AdvancedOptionsOfEachKind) {

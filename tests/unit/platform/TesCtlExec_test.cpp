@@ -1,5 +1,5 @@
 // The host-control command run: host paths, exit statuses, a program that cannot start.
-#include "../TempHost.h"
+#include "support/ActiveTestHost.h"
 
 #include "platform/HostCtlException.h"
 #include "platform/TesCtlExec.h"
@@ -9,14 +9,14 @@
 namespace {
 
 TEST(TesCtlExec, AbsoluteWordsAreHostPaths) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     EXPECT_EQ(TesCtl::Util::HostCommandWords("/bin/sh  /sbin/svcctl.sh stop -d /var/log/"),
               (std::vector<std::string>{host.Path("/bin/sh"), host.Path("/sbin/svcctl.sh"), "stop", "-d",
                                         host.Path("/var/log/")}));
 }
 
 TEST(TesCtlExec, ExitStatusesSignalsAndMissingPrograms) {
-    TempHost host;
+    ActiveTestHost host{TestHost::Layout::Folders};
     // The script records its argument next to itself, then exits 0 for "stop" and 3 otherwise.
     host.Script("/sbin/svcctl.sh",
                 "echo \"$1\" > \"$(dirname \"$0\")/ran\"; [ \"$1\" = stop ] && exit 0; exit 3");

@@ -1,6 +1,7 @@
 // Screens run against a simulated host: the keyboard and login dialogs with keys from a pipe, the console's
 // PAM calls for every login outcome and the password change, and the welcome facts a host state yields.
-#include "ScreenHostFixture.h"
+#include "support/ActiveTestHost.h"
+#include "support/OffscreenTerminal.h"
 
 #include "core/EventLoop.h"
 #include "core/Session.h"
@@ -18,7 +19,14 @@
 namespace Tarn {
 namespace {
 
-using KeyboardDialogTest = ScreenHostFixture;
+// Dialogs run for real against the host, with keys from a pipe.
+class OnHostTerminal : public Testing::OffscreenTerminal {
+protected:
+    using Json = TestHost::Json;
+    ActiveTestHost host_;
+};
+
+using KeyboardDialogTest = OnHostTerminal;
 
 // Default list: "US Default" is entry 25 of 29 and configured. Enter applies the marked layout, not the one
 // under the cursor; Space moves the mark; Esc applies nothing.
@@ -37,13 +45,13 @@ TEST_F(KeyboardDialogTest, EnterAppliesTheMarkedLayoutAndEscNothing) {
         for (const char* key : run.keys)
             key[0] == 'k' ? Press(key) : Type(key);
         EXPECT_EQ(ChooseKeyboardLayout(nullptr), run.result == 1);
-        EXPECT_EQ(State()["keyboard"]["current"], run.layout);
+        EXPECT_EQ(host_.State()["keyboard"]["current"], run.layout);
     }
-    EXPECT_TRUE(Logged("Keyboard Layout changed to US Default"));
+    EXPECT_TRUE(host_.Logged("Keyboard Layout changed to US Default"));
 }
 
 TEST_F(KeyboardDialogTest, NoMarkOrAFailingHostStillClosesWithEnter) {
-    EditState([](Json& s) { s["keyboard"]["current"] = "Klingon"; });
+    host_.ChangeState([](Json& s) { s["keyboard"]["current"] = "Klingon"; });
     {
         KeyboardDialog dialog(nullptr);
         EXPECT_EQ(dialog.Marked(), -1);
@@ -53,15 +61,15 @@ TEST_F(KeyboardDialogTest, NoMarkOrAFailingHostStillClosesWithEnter) {
     // "Default" is marked with Space, then leaves the host's list before Enter.
     KeyboardDialog dialog(nullptr);
     Type(" \n");
-    EditState([](Json& s) { s["keyboard"]["layouts"] = Json::array({"German"}); });
+    host_.ChangeState([](Json& s) { s["keyboard"]["layouts"] = Json::array({"German"}); });
     const std::optional<std::string> layout = dialog.Ask();
     ASSERT_EQ(layout, "Default");
     EXPECT_FALSE(ChangeKeyboardLayout(*layout));
-    EXPECT_EQ(State()["keyboard"]["current"], "Klingon");
-    EXPECT_TRUE(Logged("Changing keyboard layout failed: unknown keyboard layout 'Default'"));
+    EXPECT_EQ(host_.State()["keyboard"]["current"], "Klingon");
+    EXPECT_TRUE(host_.Logged("Changing keyboard layout failed: unknown keyboard layout 'Default'"));
 }
 
-class LoginDialogTest : public ScreenHostFixture {
+class LoginDialogTest : public OnHostTerminal {
 protected:
     void TearDown() override {
         SetKeyboardChoice(false);
@@ -69,11 +77,11 @@ protected:
         SetSmartCardSessionState("", false);
         SetLoggedInUser("");
         SetEmptyPassword(false);
-        ScreenHostFixture::TearDown();
+        OnHostTerminal::TearDown();
     }
     // A card for jdoe@EXAMPLE in slot 0, and that user with PIN 1234.
     void InsertCard() {
-        EditState([](Json& state) {
+        host_.ChangeState([](Json& state) {
             state["smartCards"]["slots"][0]["token"] = {{"userId", "jdoe@EXAMPLE"}};
             state["users"].push_back(
                 {{"name", "jdoe@EXAMPLE"}, {"password", "1234"}, {"expired", false}, {"permitted", true}});
@@ -84,14 +92,14 @@ protected:
 
 TEST_F(LoginDialogTest, TabOnThePasswordWrapsToTheKeyboardItem) {
     SetKeyboardChoice(true);
-    const Json before = State()["keyboard"]["current"];
+    const Json before = host_.State()["keyboard"]["current"];
     LoginDialog dialog(nullptr);
     Type("\t\t\n"); // login -> password -> keyboard item, which opens the layout choice
     Press("kcud1");
     Type(" \n\033"); // another layout, taken; then leave
     EXPECT_EQ(RunWindow(&dialog), 0);
-    EXPECT_NE(State()["keyboard"]["current"], before);
-    EXPECT_TRUE(Read("var/log/audit.log").empty()) << "no login was attempted";
+    EXPECT_NE(host_.State()["keyboard"]["current"], before);
+    EXPECT_TRUE(host_.Read("var/log/audit.log").empty()) << "no login was attempted";
 }
 
 TEST_F(LoginDialogTest, PinLoginOpensASmartCardSessionAndF3GoesBackToRoot) {
@@ -105,7 +113,7 @@ TEST_F(LoginDialogTest, PinLoginOpensASmartCardSessionAndF3GoesBackToRoot) {
         EXPECT_FALSE(EmptyPassword());
         EXPECT_TRUE(SmartCardSession());
         EXPECT_EQ(SmartCardSessionUser(), "jdoe@EXAMPLE");
-        EXPECT_TRUE(Logged("User jdoe@EXAMPLE logged in"));
+        EXPECT_TRUE(host_.Logged("User jdoe@EXAMPLE logged in"));
     }
     SetSmartCardSessionState("", false);
     LoginDialog dialog(nullptr);
@@ -118,19 +126,18 @@ TEST_F(LoginDialogTest, PinLoginOpensASmartCardSessionAndF3GoesBackToRoot) {
 }
 
 TEST_F(LoginDialogTest, DisabledDialogClosesOnEnterOrEsc) {
-    std::filesystem::remove(dir_ + "/var/run/orvane/show-tarn-login");
+    std::filesystem::remove(host_.Path("/var/run/orvane/show-tarn-login"));
     EXPECT_FALSE(LoginAllowed());
     for (const char* key : {"x\n", "x\033"}) {
         Type(key);
         ShowLoginDisabled(nullptr); // returns only on Enter or Esc
     }
-    EXPECT_EQ(Read("var/log/syslog.log"), "");
+    EXPECT_EQ(host_.Read("var/log/syslog.log"), "");
 }
 
-using PamTest = TempHost;
-
-TEST_F(PamTest, LoginOutcomesAndPasswordChanges) {
-    ASSERT_TRUE(std::filesystem::exists(dir_ + "/lib/security/pam_simhost.so")) << "PAM module not built";
+TEST(PamTest, LoginOutcomesAndPasswordChanges) {
+    ActiveTestHost host;
+    ASSERT_TRUE(std::filesystem::exists(host.Path("/lib/security/pam_simhost.so"))) << "PAM module not built";
     EXPECT_EQ(Authenticate("root", ""), PAM_SUCCESS);
     EXPECT_EQ(Authenticate("root", "wrong"), PAM_AUTH_ERR);
     EXPECT_EQ(Authenticate("nobody", ""), PAM_AUTH_ERR);
@@ -152,20 +159,22 @@ TEST_F(PamTest, LoginOutcomesAndPasswordChanges) {
     EXPECT_EQ(Authenticate("root", ""), PAM_AUTH_ERR);
     EXPECT_EQ(Authenticate("root", "Root#Pass1"), PAM_SUCCESS);
 
-    std::filesystem::remove(dir_ + "/etc/pam.d/tarn");
+    std::filesystem::remove(host.Path("/etc/pam.d/tarn"));
     EXPECT_NE(Authenticate("root", "Root#Pass1"), PAM_SUCCESS) << "no service file";
 }
 
-class WelcomeFactsTest : public TempHost {
+class WelcomeFactsTest : public ::testing::Test {
 protected:
+    using Json = TestHost::Json;
     WelcomeFacts Facts() const {
         TesCtl::Network::DnsConfigImpl dns;
         return ReadWelcomeFacts(dns);
     }
+    ActiveTestHost host_;
 };
 
 TEST_F(WelcomeFactsTest, StoredSettingsDecideDhcpAndRunningOnesTheAddress) {
-    EditState([](Json& s) {
+    host_.ChangeState([](Json& s) {
         auto& tes0 = s["tesnics"][0];
         tes0["stored"]["dhcp"] = true;
         tes0["stored"]["ipv4None"] = true;
@@ -180,7 +189,7 @@ TEST_F(WelcomeFactsTest, StoredSettingsDecideDhcpAndRunningOnesTheAddress) {
     EXPECT_FALSE(f.network.ipv6Enabled);
 
     // Without a management interface: an unset static address, the rest of the host still read.
-    EditState([](Json& s) { s["management"] = ""; });
+    host_.ChangeState([](Json& s) { s["management"] = ""; });
     f = Facts();
     EXPECT_EQ(f.network.ipv4Address, "0.0.0.0");
     EXPECT_FALSE(f.network.dhcp || f.network.ipv4Disabled);
@@ -189,7 +198,7 @@ TEST_F(WelcomeFactsTest, StoredSettingsDecideDhcpAndRunningOnesTheAddress) {
 }
 
 TEST_F(WelcomeFactsTest, UnreadableHostGivesDefaultsAndLogsEachFailure) {
-    std::ofstream(dir_ + "/etc/simhost/host.json") << "{ not json";
+    host_.Write("/etc/simhost/host.json", "{ not json");
     const WelcomeFacts f = Facts();
     EXPECT_EQ(f.network.ipv4Address, "0.0.0.0");
     EXPECT_TRUE(f.network.hostname.empty());
@@ -198,7 +207,7 @@ TEST_F(WelcomeFactsTest, UnreadableHostGivesDefaultsAndLogsEachFailure) {
     EXPECT_EQ(f.cpuPackages + f.totalPages, 0u);
     TesCtl::System::SystemInfoImpl system;
     EXPECT_EQ(ReadWelcomeMessage(system), "");
-    const std::string log = Read("var/log/syslog.log");
+    const std::string log = host_.Read("var/log/syslog.log");
     for (const char* action : {"Getting physical nics failed: ", "Getting hostname failed: ",
                                "Getting memory information failed: ", "Getting welcome message failed: "})
         EXPECT_NE(log.find(action), std::string::npos) << action << " not in\n" << log;

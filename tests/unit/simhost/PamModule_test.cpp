@@ -1,5 +1,5 @@
 // The simulated host's PAM module through libpam: logins of every outcome and password changes.
-#include "SimHostTesting.h"
+#include "support/TestHost.h"
 
 #include "simhost/model/Store.h"
 
@@ -43,7 +43,7 @@ class PamHost : public ::testing::Test {
 protected:
     void SetUp() override {
         std::filesystem::create_directories(dir_ + "/etc/pam.d");
-        std::string module = SimHostTesting::BuildDir() + "/pam_simhost.so root=" + dir_ + "\n";
+        std::string module = BuildDir() + "/pam_simhost.so root=" + dir_ + "\n";
         std::ofstream(dir_ + "/etc/pam.d/tarn")
             << "auth required " << module << "account required " << module << "password required " << module
             << "session required " << module;
@@ -91,8 +91,8 @@ protected:
         return {};
     }
 
-    SimHostTesting::TempDir tmp_;
-    std::string dir_ = tmp_.Path();
+    TestHost tmp_{TestHost::Layout::Empty};
+    std::string dir_ = tmp_.Root();
     Conversation seen_;
 };
 

@@ -1,9 +1,9 @@
 // Scenarios: every scenario creates a complete, consistent host holding the facts it promises; the host's
 // files are laid out for the console and its PAM stack.
-#include "SimHostTesting.h"
 #include "simhost/model/Init.h"
 #include "simhost/model/Scenarios.h"
 #include "simhost/model/Store.h"
+#include "support/TestHost.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,6 @@
 
 namespace fs = std::filesystem;
 using SimHost::Json;
-using namespace SimHostTesting;
 
 namespace {
 
@@ -78,9 +77,9 @@ TEST(SimHostScenario, EveryScenarioCreatesAConsistentHostWithItsFact) {
     Json reference = SimHost::ScenarioState("default");
     for (const auto& name : names) {
         SCOPED_TRACE(name);
-        TempDir tmp;
-        ASSERT_NO_THROW(SimHost::InitHost(tmp.Path(), name, BuildDir()));
-        Json s = SimHost::Load(tmp.Path());
+        TestHost tmp(TestHost::Layout::Empty);
+        ASSERT_NO_THROW(SimHost::InitHost(tmp.Root(), name, BuildDir()));
+        Json s = SimHost::Load(tmp.Root());
         // Every key of the default document, uplinks that exist, a management tesnic that exists, users
         // for the expired and unpermitted logins.
         for (const auto& [key, value] : reference.items())
@@ -103,8 +102,8 @@ std::string ReadFile(const std::string& path) {
 }
 
 TEST(SimHostScenario, HostLayoutServesTheConsole) {
-    TempDir tmp;
-    std::string dir = tmp.Path();
+    TestHost tmp(TestHost::Layout::Empty);
+    std::string dir = tmp.Root();
     SimHost::InitHost(dir, "default", BuildDir());
     for (const char* tool : {"bin/kelp-cmd", "bin/corlacli", "bin/haltGuests", "bin/tesping", "sbin/reboot",
                              "sbin/poweroff", "sbin/corlacfg-advcfg", "sbin/svcctl.sh", "sbin/resetCfg.py",
@@ -125,14 +124,14 @@ TEST(SimHostScenario, HostLayoutServesTheConsole) {
 }
 
 TEST(SimHostScenario, RefusesUnknownScenarioAndMissingBuild) {
-    TempDir tmp;
-    EXPECT_THROW(SimHost::InitHost(tmp.Path() + "/h", "no-such", BuildDir()), SimHost::StoreError);
-    EXPECT_FALSE(fs::exists(tmp.Path() + "/h/etc/simhost/host.json"));
+    TestHost tmp(TestHost::Layout::Empty);
+    EXPECT_THROW(SimHost::InitHost(tmp.Root() + "/h", "no-such", BuildDir()), SimHost::StoreError);
+    EXPECT_FALSE(fs::exists(tmp.Root() + "/h/etc/simhost/host.json"));
     try {
-        SimHost::InitHost(tmp.Path() + "/h", "default", tmp.Path());
+        SimHost::InitHost(tmp.Root() + "/h", "default", tmp.Root());
         ADD_FAILURE() << "init without simhost-tool succeeded";
     } catch (const SimHost::StoreError& e) {
-        EXPECT_NE(std::string(e.what()).find(tmp.Path() + "/simhost-tool"), std::string::npos) << e.what();
+        EXPECT_NE(std::string(e.what()).find(tmp.Root() + "/simhost-tool"), std::string::npos) << e.what();
     }
 }
 

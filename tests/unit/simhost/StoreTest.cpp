@@ -2,7 +2,7 @@
 // file, the state is private yet readable without write permission, and a missing, corrupt or wrongly typed
 // state file is an error that names the file (library and CLI).
 #include "simhost/model/Store.h"
-#include "SimHostTesting.h"
+#include "support/TestHost.h"
 
 #include <gtest/gtest.h>
 
@@ -15,18 +15,17 @@
 #include <thread>
 
 using SimHost::Json;
-using namespace SimHostTesting;
 
 namespace {
 
-std::string NewStore(const TempDir& tmp, const Json& state) {
-    std::filesystem::create_directories(tmp.Path() + "/etc/simhost");
-    SimHost::Save(tmp.Path(), state);
-    return tmp.Path();
+std::string NewStore(const TestHost& tmp, const Json& state) {
+    std::filesystem::create_directories(tmp.Root() + "/etc/simhost");
+    SimHost::Save(tmp.Root(), state);
+    return tmp.Root();
 }
 
 TEST(SimHostStore, TwoProcessesWritingAtOnceBothLand) {
-    TempDir tmp;
+    TestHost tmp(TestHost::Layout::Empty);
     std::string dir = NewStore(tmp, {{"n", 0}, {"child", 0}, {"parent", 0}});
     constexpr int kEach = 60;
     pid_t child = fork();
@@ -49,7 +48,7 @@ TEST(SimHostStore, TwoProcessesWritingAtOnceBothLand) {
 }
 
 TEST(SimHostStore, WriterKilledMidChangeLeavesPreviousValidState) {
-    TempDir tmp;
+    TestHost tmp(TestHost::Layout::Empty);
     // A large document makes each write long enough that kills land inside it.
     std::string dir = NewStore(tmp, {{"n", 0}, {"pad", std::string(400000, 'x')}});
     std::mt19937 random(12345);
@@ -92,7 +91,7 @@ TEST(SimHostStore, WriterKilledMidChangeLeavesPreviousValidState) {
 // The state holds passwords: only its owner reads it. A reader without write permission still can, with
 // or without a lock file to share.
 TEST(SimHostStore, StateIsPrivateAndReadableWithoutWritePermission) {
-    TempDir tmp;
+    TestHost tmp(TestHost::Layout::Empty);
     std::string dir = NewStore(tmp, {{"n", 1}});
     SimHost::Transact(dir, [](Json& s) { s["n"] = 2; });
     for (const char* file : {"host.json", "host.json.lock"})
@@ -132,7 +131,7 @@ TEST(SimHostStore, StateIsPrivateAndReadableWithoutWritePermission) {
 }
 
 TEST(SimHostStore, WronglyTypedStateNamesTheFile) {
-    TempDir tmp;
+    TestHost tmp(TestHost::Layout::Empty);
     std::string dir = NewStore(tmp, {{"power", 5}});
     const std::string path = SimHost::StatePath(dir);
     try {
@@ -143,7 +142,7 @@ TEST(SimHostStore, WronglyTypedStateNamesTheFile) {
     }
     EXPECT_EQ(SimHost::Load(dir)["power"], 5) << "nothing written";
     for (const char* command : {"power", "power-on"}) {
-        Result r = RunProgram(BuildDir() + "/simhost", {"simhost", command, dir});
+        ProgramResult r = RunProgram(BuildDir() + "/simhost", {"simhost", command, dir});
         EXPECT_EQ(r.code, 1) << command;
         EXPECT_NE(r.err.find("invalid simulated host state " + path), std::string::npos) << r.err;
     }
@@ -153,8 +152,8 @@ TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
     // No file at all, empty, truncated, not an object.
     for (const char* text : {static_cast<const char*>(nullptr), "", "{\"n\": 1, \"dns\": {", "[1, 2]"}) {
         SCOPED_TRACE(text ? text : "(missing)");
-        TempDir tmp;
-        std::string dir = tmp.Path();
+        TestHost tmp(TestHost::Layout::Empty);
+        std::string dir = tmp.Root();
         std::filesystem::create_directories(dir + "/etc/simhost");
         std::string path = SimHost::StatePath(dir);
         if (text)
@@ -172,7 +171,7 @@ TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
             EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), text);
         }
 
-        Result shown = RunProgram(BuildDir() + "/simhost", {"simhost", "show", dir});
+        ProgramResult shown = RunProgram(BuildDir() + "/simhost", {"simhost", "show", dir});
         EXPECT_NE(shown.code, 0);
         EXPECT_NE(shown.err.find(path), std::string::npos) << shown.err;
     }
@@ -180,16 +179,16 @@ TEST(SimHostStore, MissingOrCorruptStateNamesTheFile) {
 
 TEST(SimHostCli, HelpAndInitRefusingAnExistingHostWithoutForce) {
     const std::string simhost = BuildDir() + "/simhost";
-    Result help = RunProgram(simhost, {"simhost", "--help"});
+    ProgramResult help = RunProgram(simhost, {"simhost", "--help"});
     EXPECT_EQ(help.code, 0);
     EXPECT_NE(help.out.find("usage: simhost init DIR"), std::string::npos) << help.out;
     EXPECT_TRUE(help.err.empty());
 
-    TempDir tmp;
-    const std::string dir = tmp.Path() + "/h";
+    TestHost tmp(TestHost::Layout::Empty);
+    const std::string dir = tmp.Root() + "/h";
     ASSERT_EQ(RunProgram(simhost, {"simhost", "init", dir}).code, 0);
     SimHost::Transact(dir, [](Json& s) { s["marker"] = true; });
-    Result again = RunProgram(simhost, {"simhost", "init", dir, "--scenario", "dhcp"});
+    ProgramResult again = RunProgram(simhost, {"simhost", "init", dir, "--scenario", "dhcp"});
     EXPECT_EQ(again.code, 1);
     EXPECT_NE(again.err.find("--force"), std::string::npos) << again.err;
     EXPECT_TRUE(SimHost::Load(dir).contains("marker")) << "the host was kept";

@@ -1,8 +1,8 @@
 // The simulated host's tools against a temporary host: what they record, answer and change.
-#include "SimHostTesting.h"
 #include "simhost/model/Init.h"
 #include "simhost/model/Scenarios.h"
 #include "simhost/model/Store.h"
+#include "support/TestHost.h"
 
 #include <gtest/gtest.h>
 
@@ -15,16 +15,13 @@
 
 namespace fs = std::filesystem;
 using SimHost::Json;
-using namespace SimHostTesting;
 
 namespace {
 
 class SimHostTools : public ::testing::Test {
 protected:
-    void SetUp() override { SimHost::InitHost(dir_, "default", BuildDir()); }
-
     // Runs "HOSTPATH ARGS..." with the program's file name as element 0, as the console does.
-    Result Tool(const std::string& line) {
+    ProgramResult Tool(const std::string& line) {
         std::istringstream in(line);
         std::string path;
         in >> path;
@@ -33,7 +30,7 @@ protected:
             argv.push_back(word);
         return RunProgram(dir_ + path, argv);
     }
-    Result Kelp(const std::string& command, const std::string& user = "tarn") {
+    ProgramResult Kelp(const std::string& command, const std::string& user = "tarn") {
         return Tool("/bin/kelp-cmd -U " + user + " " + command);
     }
     int Sh(const std::string& script, const std::string& arg) {
@@ -42,8 +39,8 @@ protected:
     Json State() { return SimHost::Load(dir_); }
     void Change(const std::function<void(Json&)>& fn) { SimHost::Transact(dir_, fn); }
 
-    TempDir tmp_;
-    std::string dir_ = tmp_.Path();
+    TestHost host_; // the default scenario
+    std::string dir_ = host_.Root();
 };
 
 TEST_F(SimHostTools, EveryCallIsLoggedAsItsArgv) {
@@ -87,7 +84,7 @@ TEST_F(SimHostTools, TespingAnswersOnlyForAnsweringAddresses) {
         {"192.0.2.99", 1, "0 packets received"},
         {"-I tes7 192.0.2.1", 2, ""}}; // no such interface
     for (const auto& [args, code, summary] : cases) {
-        Result r = Tool(std::string("/bin/tesping -c 3 ") + args);
+        ProgramResult r = Tool(std::string("/bin/tesping -c 3 ") + args);
         EXPECT_EQ(r.code, code) << args;
         if (*summary) {
             EXPECT_NE(r.out.find(summary), std::string::npos) << args << ": " << r.out;
@@ -200,7 +197,7 @@ TEST_F(SimHostTools, AdvancedOptionsThroughEitherConfigurationTool) {
 }
 
 TEST_F(SimHostTools, LiveCoreOnlyOfARunningAgent) {
-    Result taken = Tool("/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d /var/log/");
+    ProgramResult taken = Tool("/sbin/tesbacktrace -w -n stewd -o stewd-restart% -d /var/log/");
     EXPECT_EQ(taken.code, 0);
     std::vector<fs::path> cores;
     for (const auto& entry : fs::directory_iterator(dir_ + "/var/log"))

@@ -8,27 +8,14 @@
 #include "ui/ItemList.h"
 #include "ui/ProgressDialog.h"
 
-#include "OffscreenTerminal.h"
+#include "support/OffscreenTerminal.h"
 
 #include <term.h>
 
 namespace Tarn {
 namespace {
 
-class DialogKit : public Testing::OffscreenTerminal {
-protected:
-    void SetUp() override {
-        OffscreenTerminal::SetUp();
-        set_escdelay(20);
-    }
-    // The terminal's sequence for a key capability ("kcud1", "kf11").
-    void Press(const char* capability) {
-        const char* sequence = tigetstr(capability);
-        ASSERT_NE(sequence, nullptr);
-        ASSERT_NE(sequence, reinterpret_cast<char*>(-1));
-        Type(sequence);
-    }
-};
+using DialogKit = Testing::OffscreenTerminal;
 
 constexpr DialogSize kSize{60, 12, 6}; // content pane at screen column 12, row 13; footer on row 16
 constexpr DialogSize kTall{60, 14, 6}; // content pane at screen column 12, row 12, four rows high

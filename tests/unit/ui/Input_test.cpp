@@ -7,7 +7,8 @@
 #include "core/SignalThread.h"
 #include "platform/HostRoot.h"
 
-#include "OffscreenTerminal.h"
+#include "support/ActiveTestHost.h"
+#include "support/OffscreenTerminal.h"
 
 #include <poll.h>
 
@@ -121,7 +122,6 @@ TEST_F(WaitForInputTest, SignalsKeysAndTimeOut) {
     EXPECT_EQ(WaitForInput(&second_), 'x');
     EXPECT_EQ(WaitForInput(&second_), -4);
     // A lone Escape acts within a tenth of a second.
-    set_escdelay(25);
     Type("\033");
     auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(WaitForInput(&second_), 27);
@@ -129,7 +129,6 @@ TEST_F(WaitForInputTest, SignalsKeysAndTimeOut) {
 }
 
 TEST_F(WaitForInputTest, KeysThatArriveInOneReadWithALoneEscapeAreNotHeldBack) {
-    set_escdelay(25);
     timeval shortWait{0, 200000};
     for (std::string after : {"x", "\033", "ab"}) {
         SCOPED_TRACE(after);
@@ -152,9 +151,7 @@ TEST_F(WaitForInputTest, ClosedTerminalEndsTheWaitInsteadOfSpinning) {
 
 TEST_F(WaitForInputTest, RestartRequestDuringSessionIsRememberedAndTheKeyStillArrives) {
     // No host under the test: the session's option read fails and the default time-out applies.
-    char dir[] = "/tmp/tarn-nohost-XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    Platform::UseSimulatedHost(dir);
+    ActiveTestHost host(TestHost::Layout::Empty);
     SetRestartPending(false);
     SetSessionActive(true);
     EXPECT_EQ(IdleTimeoutSeconds(), 600u);
@@ -168,8 +165,6 @@ TEST_F(WaitForInputTest, RestartRequestDuringSessionIsRememberedAndTheKeyStillAr
     EXPECT_TRUE(RestartPending());
     SetSessionActive(false);
     SetRestartPending(false);
-    Platform::UseRealHost();
-    ASSERT_EQ(std::system((std::string("rm -rf ") + dir).c_str()), 0);
 }
 
 using WaitForInputDeathTest = WaitForInputTest;

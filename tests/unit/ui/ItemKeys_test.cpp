@@ -6,7 +6,7 @@
 #include "ui/Item.h"
 #include "ui/ItemList.h"
 
-#include "OffscreenTerminal.h"
+#include "support/OffscreenTerminal.h"
 
 #include <memory>
 

@@ -8,7 +8,7 @@
 #include "ui/StandardDialogs.h"
 #include "ui/TextArea.h"
 
-#include "OffscreenTerminal.h"
+#include "support/OffscreenTerminal.h"
 
 #include <fcntl.h>
 #include <pty.h>

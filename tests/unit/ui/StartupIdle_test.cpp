@@ -3,6 +3,7 @@
 #include "core/IdleDeadline.h"
 #include "core/StartupRules.h"
 #include "platform/AdvancedOptions.h"
+#include "support/TestHost.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +12,6 @@
 
 #include <cstdio>
 #include <fstream>
-#include <sstream>
 
 namespace Tarn {
 namespace {
@@ -51,14 +51,8 @@ TEST(StartupRules, TerminalType) {
 }
 
 TEST(StartupRules, PidFileIsOverwrittenUnlessItNamesAnotherLiveProcess) {
-    char dir[] = "/tmp/tarn-pidfile-XXXXXX";
-    ASSERT_NE(mkdtemp(dir), nullptr);
-    const std::string path = std::string(dir) + "/tarn.pid";
-    auto read = [&] {
-        std::stringstream s;
-        s << std::ifstream(path).rdbuf();
-        return s.str();
-    };
+    TestHost dir(TestHost::Layout::Empty);
+    const std::string path = dir.Path("/tarn.pid");
     const pid_t dead = fork();
     if (dead == 0)
         _exit(0);
@@ -87,12 +81,10 @@ TEST(StartupRules, PidFileIsOverwrittenUnlessItNamesAnotherLiveProcess) {
             std::ofstream(path) << c.content << c.holder;
         SCOPED_TRACE(c.content ? std::string("'") + c.content + c.holder + "'" : std::string("no file"));
         EXPECT_EQ(ClaimPidFile(path, c.self), c.outcome);
-        EXPECT_EQ(read(), c.after);
+        EXPECT_EQ(dir.Read("/tarn.pid"), c.after);
     }
-    EXPECT_EQ(ClaimPidFile(std::string(dir) + "/missing/tarn.pid", 77), PidFileOutcome::Claimed)
+    EXPECT_EQ(ClaimPidFile(dir.Path("/missing/tarn.pid"), 77), PidFileOutcome::Claimed)
         << "an unwritable place is silent";
-    std::remove(path.c_str());
-    rmdir(dir);
 }
 
 using Clock = IdleDeadline::Clock;

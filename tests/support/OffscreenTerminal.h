@@ -49,6 +49,7 @@ protected:
         cbreak();
         noecho();
         keypad(stdscr, TRUE);
+        set_escdelay(25); // as the console sets it
         resizeterm(24, 80);
         flushinp(); // the resize queues KEY_RESIZE, which would end the program in GetKey
         start_color();
@@ -64,6 +65,12 @@ protected:
     }
     void Type(const std::string& bytes) {
         ASSERT_EQ(write(keys_[1], bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
+    }
+    // The key sequence of a terminfo capability such as "kcud1" (Down).
+    void Press(const char* capability) {
+        const char* sequence = tigetstr(capability);
+        ASSERT_TRUE(sequence != nullptr && sequence != reinterpret_cast<char*>(-1)) << capability;
+        Type(sequence);
     }
 
     // The characters of one cell of the terminal into `chars`; returns its colour pair.
