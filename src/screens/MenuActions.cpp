@@ -35,10 +35,8 @@ void OpenLockdown(MenuContext& context) {
 
 void OpenNetworkWindow(MenuContext& context) {
     // An IPv6 change takes effect at the next boot: offer the restart, letting the virtual machines stop.
-    NetworkWindow window(&context.window, [](Frame* parent) {
-        RebootConfirmDialog reboot(parent, true);
-        RunWindow(&reboot);
-    });
+    NetworkWindow window(&context.window,
+                         [](Frame* parent) { RunPowerConfirm(parent, kRebootAction, true); });
     if (window.Outcome() == OpenOutcome::NoInterface) {
         MessageDialog message(&context.window, TextId::EnableManagementNetworkError,
                               context.window.Text(TextId::ManagementInterfaceNotFound));

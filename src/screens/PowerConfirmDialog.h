@@ -2,9 +2,9 @@
 // and stay on screen until the host ends the console.
 #pragma once
 
-#include "ui/Window.h"
-
 namespace Tarn {
+
+class Frame;
 
 // What one power action shows, logs and runs.
 struct PowerAction {
@@ -19,25 +19,10 @@ struct PowerAction {
 extern const PowerAction kShutdownAction;
 extern const PowerAction kRebootAction;
 
-class PowerConfirmDialog : public Dialog {
-public:
-    // `softStop`: let the virtual machines shut down by policy instead of forcing them off.
-    PowerConfirmDialog(Frame* parent, const PowerAction& action, bool softStop);
-
-    // 0 when the power command could not be started; otherwise it does not return.
-    int Foreground() override;
-
-    bool SoftStop() const { return softStop_; }
-
-private:
-    const PowerAction& action_;
-    bool softStop_;
-};
-
-// The restart the network window offers after an IPv6 change.
-class RebootConfirmDialog : public PowerConfirmDialog {
-public:
-    RebootConfirmDialog(Frame* parent, bool softStop) : PowerConfirmDialog(parent, kRebootAction, softStop) {}
-};
+// Shows the action's "in progress" dialog, stops the virtual machines (`softStop`: by their shutdown policy
+// instead of forcing them off) and starts the power command. Returns only when the command could not be
+// started; otherwise the dialog stays, deaf to keys and without idle time-out, until the host ends the
+// console.
+void RunPowerConfirm(Frame* parent, const PowerAction& action, bool softStop);
 
 } // namespace Tarn

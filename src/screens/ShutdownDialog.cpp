@@ -8,7 +8,6 @@
 #include "core/Log.h"
 #include "core/Report.h"
 #include "screens/PowerConfirmDialog.h"
-#include "ui/RunWindow.h"
 #include "ui/StringFactory.h"
 #include "ui/TextIds.h"
 
@@ -50,8 +49,7 @@ void ShutdownDialog::PowerOff(const PowerAction& action) {
     Log(LOG_INFO, "%s", action.logText);
     ReportEvent(action.event);
     // Virtual machines are left to the shutdown policy unless the check item asks to force them off.
-    PowerConfirmDialog confirm(this, action, !terminate_.Checked());
-    RunWindow(&confirm);
+    RunPowerConfirm(this, action, !terminate_.Checked());
 }
 
 } // namespace Tarn

@@ -17,7 +17,8 @@ ConfirmDialog::ConfirmDialog(Frame* parent, const Confirmation& confirmation)
                     confirmation) {}
 
 ConfirmDialog::ConfirmDialog(Frame* parent, DialogSize size, const Confirmation& confirmation)
-    : Dialog(parent, size.width, size.height, size.splitRow), keys_(confirmation.keys) {
+    : Dialog(parent, size.width, size.height, size.splitRow), keys_(confirmation.keys),
+      idleTimeout_(confirmation.idleTimeout) {
     SetTitle(confirmation.title);
     SetBody(confirmation.text);
     SetFooter(confirmation.footer);
@@ -45,8 +46,10 @@ Answer ConfirmDialog::Ask() {
 }
 
 int ConfirmDialog::Foreground() {
+    if (whenShown_ && !whenShown_())
+        return static_cast<int>(Answer::Cancel);
     for (;;) {
-        const int key = GetKey(this, true);
+        const int key = GetKey(this, idleTimeout_);
         auto answer =
             std::find_if(keys_.begin(), keys_.end(), [key](const AnswerKey& a) { return a.key == key; });
         if (answer != keys_.end())

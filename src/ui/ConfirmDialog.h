@@ -1,11 +1,13 @@
 // The confirmation dialog: a question with its answer keys as data (Y/N/Esc, F11/Esc, Enter/Esc); every
-// other key is ignored, except Space and movement for the check items a confirmation may carry.
+// other key is ignored, except Space and movement for the check items a confirmation may carry. Without
+// answer keys it is a notice that stays on screen while an action it announces runs (SetWhenShown).
 #pragma once
 
 #include "core/Keys.h"
 #include "ui/DialogSize.h"
 #include "ui/Window.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -46,7 +48,8 @@ struct Confirmation {
     std::string text;     // the body, in the top pane
     std::string question; // in the content pane; may be empty
     std::string footer;
-    AnswerKeys keys;
+    AnswerKeys keys; // none: nothing answers it (a notice that stays until the console ends)
+    bool idleTimeout = true;
 };
 
 class ConfirmDialog : public Dialog {
@@ -58,6 +61,8 @@ public:
 
     // Check items shown below the question (the caller owns them and reads them afterwards).
     void SetItems(std::vector<Item*> items);
+    // Runs once the dialog is on screen, before the first key; false ends it with Answer::Cancel.
+    void SetWhenShown(std::function<bool()> action) { whenShown_ = std::move(action); }
 
     // Runs the dialog modally and returns the answer; TarnTimeout passes through.
     Answer Ask();
@@ -66,6 +71,8 @@ public:
 
 private:
     AnswerKeys keys_;
+    bool idleTimeout_;
+    std::function<bool()> whenShown_;
     TextArea* question_ = nullptr;
     ItemList* list_ = nullptr;
 };

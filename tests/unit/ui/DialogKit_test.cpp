@@ -93,6 +93,15 @@ TEST_F(DialogKit, ConfirmationHearsOnlyItsAnswerKeys) {
         Type(c.keys);
         EXPECT_EQ(dialog.Ask(), c.answer) << c.keys;
     }
+    // A notice without answer keys: its action runs once it shows; a failing action closes it.
+    ConfirmDialog notice(nullptr, kSize, {"Title", "In progress.", "", "", {}, false});
+    std::string shownDuringAction;
+    notice.SetWhenShown([&] {
+        shownDuringAction = Screen(9, 13, 12);
+        return false;
+    });
+    EXPECT_EQ(notice.Ask(), Answer::Cancel);
+    EXPECT_EQ(shownDuringAction, "In progress.");
 }
 
 TEST_F(DialogKit, ProgressShowsEachStepBeforeItBlocksAndWaitsForEnter) {
