@@ -13,6 +13,7 @@
 #include "core/Log.h"
 #include "core/Session.h"
 #include "hostops/KelpCmd.h"
+#include "hostops/TryHostCtl.h"
 #include "network/NetworkAccess.h"
 #include "platform/AdvancedOptions.h"
 #include "platform/DnsConfig.h"
@@ -61,15 +62,12 @@ void GeneralWindow::ReadLockdown() {
 void GeneralWindow::ReadManagement() {
     facts_.ipv4Address.clear();
     facts_.ipv6Addresses.clear();
-    std::unique_ptr<HostCtl::Network::TesNic> management;
-    try {
-        management = FindManagementInterface();
-    } catch (const HostCtl::Lib::HostCtlException& e) {
-        Log(LOG_ERR, "Getting management interface failed: %s", e.what());
-    }
+    std::unique_ptr<HostCtl::Network::TesNic> management = TryHostCtl(
+        "Getting management interface", [] { return FindManagementInterface(); },
+        std::unique_ptr<HostCtl::Network::TesNic>());
     flags_.managementInterface = management != nullptr;
     if (management) {
-        try {
+        TryHostCtl("Getting management addresses", [&] {
             HostCtl::Network::IpConfig config = management->GetIpConfig();
             if (!config.GetIpv4UseNone())
                 facts_.ipv4Address = config.GetIpv4Address().GetStringAddress();
@@ -77,31 +75,20 @@ void GeneralWindow::ReadManagement() {
                 for (const auto& network : config.GetIpv6Network())
                     facts_.ipv6Addresses.push_back(network.GetStringAddress());
             }
-        } catch (const HostCtl::Lib::HostCtlException& e) {
-            Log(LOG_ERR, "Getting management addresses failed: %s", e.what());
-        }
+        });
     }
-    try {
-        facts_.hostname = TesCtl::Network::DnsConfigImpl().GetHostname();
-    } catch (const HostCtl::Lib::HostCtlException& e) {
-        Log(LOG_ERR, "Getting hostname failed: %s", e.what());
-        facts_.hostname = Text(TextId::Unknown);
-    }
+    facts_.hostname = TryHostCtl(
+        "Getting hostname", [] { return TesCtl::Network::DnsConfigImpl().GetHostname(); },
+        std::string(Text(TextId::Unknown)));
 }
 
 void GeneralWindow::ReadHostFacts() {
-    try {
-        flags_.networkBoot = TesCtl::Adv::UserAdvancedOptionImpl().HasUserOption("PXEBootEnabled");
-    } catch (const HostCtl::Lib::HostCtlException& e) {
-        Log(LOG_ERR, "Getting user option PXEBootEnabled failed: %s", e.what());
-        flags_.networkBoot = false;
-    }
-    try {
-        facts_.keyboardLayout = TesCtl::System::SystemInfoImpl().GetKeyboardLayout();
-    } catch (const HostCtl::Lib::HostCtlException& e) {
-        Log(LOG_ERR, "Getting keyboard layout failed: %s", e.what());
-        facts_.keyboardLayout = Text(TextId::Unknown);
-    }
+    flags_.networkBoot = TryHostCtl(
+        "Getting user option PXEBootEnabled",
+        [] { return TesCtl::Adv::UserAdvancedOptionImpl().HasUserOption("PXEBootEnabled"); }, false);
+    facts_.keyboardLayout = TryHostCtl(
+        "Getting keyboard layout", [] { return TesCtl::System::SystemInfoImpl().GetKeyboardLayout(); },
+        std::string(Text(TextId::Unknown)));
     facts_.emptyPassword = EmptyPassword();
 }
 
