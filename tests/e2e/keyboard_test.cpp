@@ -63,7 +63,7 @@ TEST(KeyboardChoice, LoginOffersTheConfiguredLayoutAboveTheFocusedLoginFieldAndC
     EXPECT_TRUE(c->Find(kLoginTitle)) << "back in the login dialog";
 }
 
-TEST(KeyboardChoice, MenuDialogAppliesOnlyTheLayoutMarkedWithSpaceAndEscNothing) {
+TEST(KeyboardChoice, MenuDialogAppliesTheLayoutMarkedWithSpaceAndThePaneShowsIt) {
     Console c(Roomy("keyboard-choice"));
     const TestHost& host = c.Host();
     LogInAsRoot(c);
@@ -73,27 +73,8 @@ TEST(KeyboardChoice, MenuDialogAppliesOnlyTheLayoutMarkedWithSpaceAndEscNothing)
     MoveTo(c, "To select the layout type for the keyboard");
     EXPECT_TRUE(c->Find("Configure Keyboard")) << c->View().Text();
 
-    // Esc after marking another layout changes nothing.
-    OpenDialogWithEnter(c);
-    c->Key("Up");
-    c->Type(" ");
-    CloseDialogWith(c, "Esc");
-    EXPECT_EQ(Configured(host), before);
-    EXPECT_TRUE(host.SyslogMatching("Keyboard Layout changed to").empty());
-
-    // The cursor moves but nothing is marked: Enter applies the configured layout again.
-    OpenDialogWithEnter(c);
-    EXPECT_TRUE(c->Find("(o) " + before)) << c->View().Text();
-    c->Key("Up");
-    CloseDialogWith(c, "Enter");
-    // The menu applies the answer once the dialog has closed.
-    EXPECT_TRUE(
-        c->WaitFor([&] { return !host.SyslogMatching("Keyboard Layout changed to " + before).empty(); }));
-    EXPECT_EQ(Configured(host), before);
-    EXPECT_EQ(host.SyslogMatching("Keyboard Layout changed to " + before).size(), 1u);
-    EXPECT_TRUE(host.SyslogMatching("Keyboard Layout changed to " + above).empty());
-
-    // Space marks the layout under the cursor; Enter stores it and the menu pane shows it.
+    // (Esc, and Enter without a mark, are the keyboard dialog's unit tests.) Space marks the layout under
+    // the cursor; Enter stores it and the menu pane shows it.
     OpenDialogWithEnter(c);
     c->Key("Up");
     c->Type(" ");

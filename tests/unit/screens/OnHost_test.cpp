@@ -125,16 +125,6 @@ TEST_F(LoginDialogTest, PinLoginOpensASmartCardSessionAndF3GoesBackToRoot) {
     EXPECT_FALSE(SmartCardSession()) << "a password login opens no smart-card session";
 }
 
-TEST_F(LoginDialogTest, DisabledDialogClosesOnEnterOrEsc) {
-    std::filesystem::remove(host_.Path("/var/run/orvane/show-tarn-login"));
-    EXPECT_FALSE(LoginAllowed());
-    for (const char* key : {"x\n", "x\033"}) {
-        Type(key);
-        ShowLoginDisabled(nullptr); // returns only on Enter or Esc
-    }
-    EXPECT_EQ(host_.Read("var/log/syslog.log"), "");
-}
-
 TEST(PamTest, LoginOutcomesAndPasswordChanges) {
     ActiveTestHost host;
     ASSERT_TRUE(std::filesystem::exists(host.Path("/lib/security/pam_simhost.so"))) << "PAM module not built";

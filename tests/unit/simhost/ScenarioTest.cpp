@@ -9,10 +9,8 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
-#include <sstream>
 
 namespace fs = std::filesystem;
 using SimHost::Json;
@@ -95,16 +93,9 @@ TEST(SimHostScenario, EveryScenarioCreatesAConsistentHostWithItsFact) {
     }
 }
 
-std::string ReadFile(const std::string& path) {
-    std::stringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
-}
-
 TEST(SimHostScenario, HostLayoutServesTheConsole) {
-    TestHost tmp(TestHost::Layout::Empty);
-    std::string dir = tmp.Root();
-    SimHost::InitHost(dir, "default", BuildDir());
+    const TestHost host; // `simhost init`: the default scenario
+    const std::string dir = host.Root();
     for (const char* tool : {"bin/kelp-cmd", "bin/corlacli", "bin/haltGuests", "bin/tesping", "sbin/reboot",
                              "sbin/poweroff", "sbin/corlacfg-advcfg", "sbin/svcctl.sh", "sbin/resetCfg.py",
                              "etc/init.d/CorlaShell", "etc/init.d/SSH", "etc/init.d/bryn-opsagent"}) {
@@ -114,10 +105,9 @@ TEST(SimHostScenario, HostLayoutServesTheConsole) {
     }
     EXPECT_EQ(fs::read_symlink(dir + "/bin/sh"), "/bin/bash");
     std::string module = dir + "/lib/security/pam_simhost.so root=" + dir + "\n";
-    EXPECT_EQ(ReadFile(dir + "/etc/pam.d/tarn"), "auth required " + module + "account required " + module +
-                                                     "password required " + module + "session required " +
-                                                     module);
-    EXPECT_NE(ReadFile(dir + "/etc/hosts").find("192.0.2.10\thost01.example.test host01"), std::string::npos);
+    EXPECT_EQ(host.Read("/etc/pam.d/tarn"), "auth required " + module + "account required " + module +
+                                                "password required " + module + "session required " + module);
+    EXPECT_NE(host.Read("/etc/hosts").find("192.0.2.10\thost01.example.test host01"), std::string::npos);
     EXPECT_TRUE(fs::exists(dir + "/var/run/orvane/show-tarn-login"));
     for (const char* log : {"syslog.log", "obed.log", "audit.log", "simhost-calls.log"})
         EXPECT_EQ(fs::file_size(dir + "/var/log/" + log), 0u) << log;
