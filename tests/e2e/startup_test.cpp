@@ -57,14 +57,12 @@ TEST(Startup, LinuxOrNoTermOnANonConsoleTerminalBecomesVt102) {
     EXPECT_EQ(vt102.find("\x1b]P"), std::string::npos) << "no Linux palette sequences";
 }
 
+// Which arguments are refused is a unit table (StartupRules.VtArgument).
 TEST(Startup, InvalidTerminalNumberIsLoggedAndIgnored) {
-    for (std::string arg : {"0", "64", "tty2", "5abc", "+7", " 7", "7\x1a"}) {
-        SCOPED_TRACE(arg);
-        Console c({.args = {arg}});
-        ASSERT_TRUE(c->WaitForText(kReady));
-        EXPECT_EQ(c.Host().SyslogMatching("Invalid VT specified for TARN: " + arg).size(), 1u);
-        EXPECT_TRUE(c->Running());
-    }
+    Console c({.args = {"tty2"}});
+    ASSERT_TRUE(c->WaitForText(kReady));
+    EXPECT_EQ(c.Host().SyslogMatching("Invalid VT specified for TARN: tty2").size(), 1u);
+    EXPECT_TRUE(c->Running());
 }
 
 TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
@@ -87,8 +85,10 @@ TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
     }
 }
 
+// Which signals end the program with status 0 is a unit test of the event loop (WaitForInputDeathTest);
+// here the terminal is seen restored.
 TEST(Lifecycle, SignalsAndAResizeOutsideASessionEndWithStatusZeroAndRestoreTheTerminal) {
-    for (int sig : {SIGTERM, SIGINT, SIGQUIT, SIGHUP, SIGUSR2, 0}) { // 0: a resize
+    for (int sig : {SIGTERM, SIGHUP, 0}) { // 0: a resize
         SCOPED_TRACE(sig ? strsignal(sig) : "resize");
         Console c;
         ASSERT_TRUE(c->WaitForText(kReady));

@@ -48,13 +48,12 @@ protected:
     // The host-control calls, each as its words after "hostctl" joined by blanks.
     std::vector<std::string> HostCalls() const {
         std::vector<std::string> calls;
-        for (const auto& line : host_.Lines("/var/log/simhost-calls.log")) {
-            Json words = Json::parse(line);
+        for (const auto& words : host_.ToolCalls()) {
             if (words[0] != "hostctl")
                 continue;
-            std::string text;
-            for (size_t i = 1; i < words.size(); ++i)
-                text += (i > 1 ? " " : "") + words[i].get<std::string>();
+            std::string text = words.at(1);
+            for (size_t i = 2; i < words.size(); ++i)
+                text += " " + words[i];
             calls.push_back(text);
         }
         return calls;

@@ -15,13 +15,6 @@ using namespace TesCtl::Network;
 class SimOperationsTest : public NetworkHostTest {
 protected:
     void SetUp() override { host_.WriteState(BaseHost()); }
-
-    std::vector<Json> Calls() const {
-        std::vector<Json> calls;
-        for (const auto& line : host_.Lines("/var/log/simhost-calls.log"))
-            calls.push_back(Json::parse(line));
-        return calls;
-    }
 };
 
 TEST_F(SimOperationsTest, ChangesAreRecordedInOrder) {
@@ -40,7 +33,7 @@ TEST_F(SimOperationsTest, ChangesAreRecordedInOrder) {
     dns.SetSearchDomainsString("a.test, b.test");
     dns.SaveConfig();
 
-    EXPECT_EQ(Json(Calls()), Json::parse(R"([
+    EXPECT_EQ(Json(host_.ToolCalls()), Json::parse(R"([
         ["hostctl", "SetIpConfig", "tes0", "dhcp", "ipv6-static", "dns-manual"],
         ["hostctl", "Disable", "tes0"], ["hostctl", "Enable", "tes0"],
         ["hostctl", "SetTesselDefaultGateway", "192.0.2.254"],
@@ -80,5 +73,5 @@ TEST_F(SimOperationsTest, ListedOperationsFailWithoutChangingTheHost) {
     EXPECT_EQ(state["routes"]["ipv4Gateway"], "192.0.2.1");
     EXPECT_EQ(state["dns"]["servers"], Json::parse(R"(["192.0.2.53", "192.0.2.54", "192.0.2.98"])"));
     EXPECT_FALSE(state["tesnics"][0]["enabled"].get<bool>());
-    EXPECT_EQ(Calls().size(), 6u) << "failed calls are recorded too";
+    EXPECT_EQ(host_.ToolCalls().size(), 6u) << "failed calls are recorded too";
 }
