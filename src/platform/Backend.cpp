@@ -1,7 +1,9 @@
 // Host selection from the process environment; the one place that creates the default simulated host.
 #include "platform/Backend.h"
 
+#include "platform/HostRoot.h"
 #include "platform/Spawn.h"
+#include "platform/linux/Sandbox.h"
 
 #include <BuildConfig.h>
 
@@ -59,7 +61,13 @@ void CreateDefaultSimHost(const std::string& dir) {
 
 std::string SelectHostFromEnvironment() {
     HostEnvironment env{std::getenv("TARN_HOST"), std::getenv("XDG_STATE_HOME"), std::getenv("HOME")};
-    return SelectHost(env, CreateDefaultSimHost);
+    std::string error = SelectHost(env, CreateDefaultSimHost);
+    if (error.empty() && !IsSimulatedHost()) {
+        std::string refusal = Linux::SandboxRefusal();
+        if (!refusal.empty())
+            return "TARN_HOST=linux " + refusal;
+    }
+    return error;
 }
 
 } // namespace Platform

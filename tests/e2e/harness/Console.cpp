@@ -3,6 +3,8 @@
 
 #include "harness/Paths.h"
 
+#include <cstdlib>
+
 namespace e2e {
 
 LaunchOptions Console::Launch(const TestHost& host, const ConsoleOptions& o) {
@@ -15,6 +17,11 @@ LaunchOptions Console::Launch(const TestHost& host, const ConsoleOptions& o) {
     l.env = o.env;
     if (!l.env.contains("TARN_HOST")) // a test may name a host of its own, or none
         l.env["TARN_HOST"] = host.TarnHostValue();
+    // The test guard and the namespace sandbox pass on to the console, so that it refuses the real host
+    // wherever the test itself would.
+    for (const char* name : {"TARN_TEST_GUARD", "TARN_NETNS_SANDBOX"})
+        if (const char* value = std::getenv(name); value && !l.env.contains(name))
+            l.env[name] = value;
     return l;
 }
 

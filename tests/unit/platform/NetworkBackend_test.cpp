@@ -1,4 +1,4 @@
-// The network backend seam: a real host answers every network call with a host-control failure (never
+// The network backend seam: a real host refuses reads under the test guard and every change (never
 // touching the machine), and an IP configuration survives its trip through host.json unchanged.
 #include "platform/DnsConfig.h"
 #include "platform/HostCtlException.h"
@@ -15,20 +15,25 @@
 using namespace HostCtl::Network;
 using HostCtl::Lib::HostCtlException;
 
-TEST(NetworkBackendTest, RealHostHasNoNetworkBackendYet) {
+// Unit tests run under the test guard (set by the test main): the real host's reads refuse outside the
+// namespace sandbox, and its changes are refused in any case.
+TEST(NetworkBackendTest, RealHostReadsRefuseOutsideTheSandboxAndChangesAreUnavailable) {
     Platform::UseRealHost();
-    const std::function<void()> calls[] = {
-        [] { TesCtl::Network::NetworkInfoImpl().GetPnics(); },
-        [] { TesCtl::Network::NetworkInfoImpl().ClearNetworkConfig(); },
-        [] { TesCtl::Network::DnsConfigImpl().GetHostname(); },
-        [] { TesCtl::Network::RoutingInfoImpl().SetTesselDefaultGateway(Ipv4Address("192.0.2.1"), false); },
+    const std::pair<std::function<void()>, const char*> calls[] = {
+        {[] { TesCtl::Network::NetworkInfoImpl().GetPnics(); }, "refused under the test guard"},
+        {[] { TesCtl::Network::DnsConfigImpl().GetHostname(); }, "refused under the test guard"},
+        {[] { TesCtl::Network::RoutingInfoImpl().GetTesselDefaultGateway(); },
+         "refused under the test guard"},
+        {[] { TesCtl::Network::NetworkInfoImpl().ClearNetworkConfig(); }, "not available on this host"},
+        {[] { TesCtl::Network::RoutingInfoImpl().SetTesselDefaultGateway(Ipv4Address("192.0.2.1"), false); },
+         "not available on this host"},
     };
-    for (const auto& call : calls) {
+    for (const auto& [call, message] : calls) {
         try {
             call();
             ADD_FAILURE() << "no exception";
         } catch (const HostCtlException& e) {
-            EXPECT_STREQ(e.what(), "not available on this host");
+            EXPECT_TRUE(std::string(e.what()).starts_with(message)) << e.what();
         }
     }
 }
