@@ -31,7 +31,7 @@ echo "== control data"
 depends=$(dpkg-deb -f "$deb" Depends)
 echo "Depends: $depends"
 depends_on() { tr ',' '\n' <<<"$depends" | sed 's/^ *//; s/ .*//' | grep -qxF "$1"; }
-for package in libc6 libncursesw6 libstdc++6 libpam0g libpam-runtime less; do
+for package in libc6 libncursesw6 libstdc++6 libpam0g libpam-runtime less libnl-3-200 libnl-route-3-200; do
   check "depends on $package" depends_on "$package"
 done
 conffiles() { dpkg-deb --ctrl-tarfile "$deb" | tar -xOf - ./conffiles; }
