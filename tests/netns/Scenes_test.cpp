@@ -12,8 +12,8 @@ namespace {
 using namespace Platform::Linux;
 using HostCtl::Network::Ipv6Network;
 
-#define REQUIRE_SCENE(name)                                                                                   \
-    if (const char* scene = std::getenv("TARN_NETNS_SCENE"); !scene || std::string(scene) != name)            \
+#define REQUIRE_SCENE(name)                                                                                  \
+    if (const char* scene = std::getenv("TARN_NETNS_SCENE"); !scene || std::string(scene) != name)           \
     GTEST_SKIP() << "runs in the namespace scene \"" << name << "\" only (tests/netns/launch.sh)"
 
 const char* Origin(int type) {
@@ -25,7 +25,8 @@ const char* Origin(int type) {
 std::string Describe(const MappedNetwork& m, const Platform::DnsRecord& dns) {
     std::string out;
     for (const auto& p : m.snapshot.pnics)
-        out += "nic " + p.name + " " + p.label + " " + p.mac.GetStringAddress() + (p.link ? " up\n" : " down\n");
+        out +=
+            "nic " + p.name + " " + p.label + " " + p.mac.GetStringAddress() + (p.link ? " up\n" : " down\n");
     for (const auto& s : m.snapshot.standardSwitches) {
         out += "switch " + s.name + ":";
         for (const auto& u : s.uplinks)
@@ -38,8 +39,8 @@ std::string Describe(const MappedNetwork& m, const Platform::DnsRecord& dns) {
         if (t.stored.GetIpv4UseNone())
             out += "no ipv4";
         else
-            out += ip.GetIpv4Address().GetStringAddress() + "/" + ip.GetIpv4Netmask().GetStringAddress() + " gw " +
-                   ip.GetIpv4Gateway().GetStringAddress() +
+            out += ip.GetIpv4Address().GetStringAddress() + "/" + ip.GetIpv4Netmask().GetStringAddress() +
+                   " gw " + ip.GetIpv4Gateway().GetStringAddress() +
                    (t.stored.GetUseDhcp() ? " dhcp from " + t.dhcpServer.GetStringAddress() : " static");
         out += "\n";
         std::vector<std::string> ipv6;

@@ -28,7 +28,7 @@ fingerprint() {
     for path in /etc/resolv.conf /etc/network /etc/tarn /etc/hostname /var/lib/dhcp /run/systemd/netif \
                 /run/systemd/resolve; do
       if [ -e "$path" ]; then
-        find "$path" -xdev -type f -exec sha256sum {} + 2>/dev/null | sort
+        find -L "$path" -xdev -type f -exec sha256sum {} + 2>/dev/null | sort
       fi
     done
     hostname

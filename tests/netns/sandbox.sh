@@ -7,16 +7,21 @@ here="$(cd "$(dirname "$0")" && pwd)"
 scene="$1"
 shift
 
-mount -t tmpfs tarn-run /run
+# Where the private file systems cannot be made, the scene cannot be kept off the machine: skip.
+private() {
+  "$@" || { echo "skipped: cannot make the sandbox's file systems ($*)"; exit 77; }
+}
+private mount -t tmpfs tarn-run /run
 for dir in /etc /var/lib; do
   name="${dir//\//_}"
   mkdir -p "/run/overlay/$name/up" "/run/overlay/$name/work"
-  mount -t overlay overlay -o "lowerdir=$dir,upperdir=/run/overlay/$name/up,workdir=/run/overlay/$name/work" "$dir"
+  private mount -t overlay overlay -o "lowerdir=$dir,upperdir=/run/overlay/$name/up,workdir=/run/overlay/$name/work" "$dir"
 done
 # sysfs shows the links of the namespace that mounts it.
-mount -t sysfs sysfs /sys
+private mount -t sysfs sysfs /sys
 mkdir -p /run/netns /etc/tarn /etc/network /var/lib/dhcp
 rm -f /etc/tarn/linux-host.conf /var/lib/dhcp/* /etc/network/interfaces
+rm -f /etc/resolv.conf
 : > /etc/resolv.conf
 hostname host01
 ip link set lo up
