@@ -105,7 +105,8 @@ TEST(Scene, NoNicAtAll) {
     REQUIRE_SCENE("none");
     MappedNetwork m = ReadNetwork();
     EXPECT_EQ(Describe(m, ReadDns()), "management \ndns host01: search\n");
-    EXPECT_EQ(m.problems, std::vector<std::string>{"no management interface: no IPv4 default route"});
+    EXPECT_EQ(m.problems,
+              std::vector<std::string>{"no management interface: no IPv4 default route and no NIC"});
 }
 
 TEST(Scene, BareNicOutsideAnyBridge) {

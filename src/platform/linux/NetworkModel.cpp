@@ -176,15 +176,38 @@ struct Mapper {
             out.problems.push_back("configured management link " + config.management + " does not exist");
         }
         const DefaultRouteFact* route = DefaultRoute(false);
-        if (!route) {
-            out.problems.push_back("no management interface: no IPv4 default route");
-            return nullptr;
-        }
+        if (!route)
+            return LinkWithoutRoute();
         if (!route->preferredSource.empty())
             for (const auto& a : facts.addresses)
                 if (!a.ipv6 && a.address == route->preferredSource)
                     return Link(a.link);
         return Link(route->link);
+    }
+
+    // Without a default route (a host on one network only), the first tesnic on a switch with uplinks,
+    // one holding an IPv4 address before others: what the host can be reached at, if anything.
+    const LinkFact* LinkWithoutRoute() {
+        const Platform::TesNicRecord* chosen = nullptr;
+        for (const auto& tesnic : out.snapshot.tesnics) {
+            bool uplinks = false;
+            for (const auto& kswitch : out.snapshot.standardSwitches)
+                uplinks = uplinks || (kswitch.name == tesnic.name && !kswitch.uplinks.empty());
+            if (!uplinks)
+                continue;
+            if (tesnic.running.GetIpv4Address().GetBinaryAddress() != 0) {
+                chosen = &tesnic;
+                break;
+            }
+            if (!chosen)
+                chosen = &tesnic;
+        }
+        if (!chosen) {
+            out.problems.push_back("no management interface: no IPv4 default route and no NIC");
+            return nullptr;
+        }
+        out.problems.push_back("no IPv4 default route: management is on " + chosen->name);
+        return Link(chosen->name);
     }
 
     void Management() {

@@ -23,7 +23,8 @@ struct MappedNetwork {
 };
 
 // The management interface is the link named in the configuration, else the link that holds the source
-// address of the IPv4 default route with the lowest metric (the route's own link when it names none).
+// address of the IPv4 default route with the lowest metric (the route's own link when it names none), else
+// the first tesnic with uplinks, one with an IPv4 address first.
 MappedNetwork MapNetwork(const HostFacts& facts, const LinuxHostConfig& config, const OriginSources& origins);
 
 } // namespace Platform::Linux

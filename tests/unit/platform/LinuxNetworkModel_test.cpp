@@ -140,7 +140,8 @@ TEST(LinuxNetworkModel, ManagementAddressesAndGateways) {
         {"wg0", "", true, "wg0", ""}, // no switch for it, but it is what the administrator named
         {"nope0", "", true, "br0", "configured management link nope0 does not exist"},
         {"", "198.51.100.7", true, "ens5", ""}, // the source address's link, not the route's
-        {"", "", false, "", "no management interface: no IPv4 default route"},
+        // No default route: the first switch link with uplinks and an address (br0, not ens5's switch).
+        {"", "", false, "br0", "no IPv4 default route: management is on br0"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.configured) + " " + c.preferredSource);
@@ -158,6 +159,16 @@ TEST(LinuxNetworkModel, ManagementAddressesAndGateways) {
             EXPECT_NE(TesNic(mapped, c.management), nullptr);
         }
     }
+    // Without routes and addresses, the first link with uplinks; without NICs, none.
+    HostFacts bare = Host();
+    bare.defaultRoutes.clear();
+    bare.addresses.clear();
+    EXPECT_EQ(MapNetwork(bare, {}, {}).snapshot.management, "br0");
+    bare.links.resize(1); // the loopback only
+    MappedNetwork none = MapNetwork(bare, {}, {});
+    EXPECT_EQ(none.snapshot.management, "");
+    EXPECT_EQ(none.problems,
+              std::vector<std::string>{"no management interface: no IPv4 default route and no NIC"});
 }
 
 TEST(LinuxNetworkModel, AddressOrigins) {
