@@ -1,8 +1,5 @@
 // The System Customization menu: builds the entry list from the host's state and the menu table, composes
-// the right pane, and handles the log digits and support paging.
-//
-// The management network window, the network test, the network restore, troubleshooting and the system reset
-// open nothing yet (no task in their rows); the restart entry only reports a missing management interface.
+// the right pane, and handles the log digits and support paging. What an entry opens is its row's task.
 #include "screens/GeneralWindow.h"
 
 #include "screens/MenuTable.h"
