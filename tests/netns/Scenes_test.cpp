@@ -101,6 +101,15 @@ TEST(Scene, StaticIpv6AndAnAddressFromARouterAdvertisement) {
     EXPECT_EQ(m.routes.ipv6Gateway.GetScopedStringAddress(), "fe80::ff:fe00:f1%u0");
 }
 
+TEST(Scene, LinkThatNetworkdConfiguredByDhcp) {
+    REQUIRE_SCENE("networkd");
+    EXPECT_EQ(Snapshot(), "nic nicx0 veth (u0) 02:00:00:00:00:01 up\n"
+                          "switch u0: nicx0\n"
+                          "tesnic u0 on u0: 10.7.0.5/255.255.255.0 gw 10.7.0.1 dhcp from 10.7.0.1\n"
+                          "management u0\n"
+                          "dns host01 dhcp: search\n");
+}
+
 TEST(Scene, NoNicAtAll) {
     REQUIRE_SCENE("none");
     MappedNetwork m = ReadNetwork();

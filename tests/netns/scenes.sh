@@ -95,3 +95,30 @@ scene_bare() {
   ip addr add 203.0.113.9/24 dev u1
   ip route add default via 203.0.113.1 dev u1
 }
+
+# A link that systemd-networkd manages and says it configured by DHCP: networkd's state file and, in
+# place of networkctl (networkd does not run here), a script that prints its description of the link.
+scene_networkd() {
+  ipv4_only
+  start_srv
+  if [ ! -e /usr/bin/networkctl ]; then
+    echo "skipped: no /usr/bin/networkctl to stand in for"
+    exit 77
+  fi
+  printf 'nic = u0\n' > /etc/tarn/linux-host.conf
+  peer u0 02:00:00:00:00:01 02:00:00:00:00:f1
+  ip link set u0 up
+  ip addr add 10.7.0.5/24 dev u0
+  ip route add default via 10.7.0.1 dev u0
+  index=$(cat /sys/class/net/u0/ifindex)
+  mkdir -p /run/systemd/netif/links
+  : > "/run/systemd/netif/links/$index"
+  cat > /run/tarn-networkctl <<SCRIPT
+#!/bin/sh
+[ "\$1 \$2 \$3" = "--json=short status u0" ] || exit 1
+echo '{"Index":$index,"Name":"u0","SetupState":"configured","Addresses":[{"Family":2,"Address":[10,7,0,5],
+"PrefixLength":24,"ConfigSource":"DHCPv4","ConfigProvider":[10,7,0,1]}]}'
+SCRIPT
+  chmod +x /run/tarn-networkctl
+  mount --bind /run/tarn-networkctl /usr/bin/networkctl
+}

@@ -10,6 +10,7 @@
 #include "platform/linux/ResolvConf.h"
 #include "platform/linux/Sandbox.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -63,6 +64,11 @@ OriginSources LoadOrigins(const HostFacts& facts) {
     }
     origins.ifupdown = ParseIfupdownInterfaces(ReadOptional("/etc/network/interfaces"));
     for (const auto& link : facts.links) {
+        // Only an address needs its origin explained: a bridge port or an idle link costs no query.
+        bool addressed = std::any_of(facts.addresses.begin(), facts.addresses.end(),
+                                     [&](const AddressFact& a) { return a.link == link.index; });
+        if (!addressed || link.loopback)
+            continue;
         std::string error;
         auto json = DescribeNetworkdLink(link.index, link.name, error);
         if (!error.empty())
