@@ -17,7 +17,8 @@ std::string AdapterDetailsText(const PhysicalNicInfo& nic, const std::string& us
 }
 
 void ShowAdapterInfo(Frame* parent, const PhysicalNicInfo& nic, const std::string& usedBy) {
-    NotificationDialog details(parent, "Adapter Details", AdapterDetailsText(nic, usedBy));
+    NotificationDialog details(parent, FixedMessageSize(70, 13), "Adapter Details",
+                               AdapterDetailsText(nic, usedBy));
     RunWindow(&details);
 }
 

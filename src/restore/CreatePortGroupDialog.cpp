@@ -1,18 +1,11 @@
 // Create Port Group: a name and one marked standard switch.
-#include "core/EventLoop.h"
-#include "core/Keys.h"
 #include "hostops/CorlaCli.h"
 #include "network/SwitchListing.h"
+#include "restore/MarkedRowDialog.h"
 #include "restore/RestoreDialogs.h"
-#include "ui/FormDialog.h"
-#include "ui/InputItem.h"
-#include "ui/Item.h"
-#include "ui/ItemList.h"
 #include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
-
-#include <memory>
 
 namespace Tarn {
 namespace {
@@ -29,9 +22,16 @@ std::string SwitchRow(const SwitchSummary& s) {
            "{/align}";
 }
 
-void Message(Frame* parent, unsigned title, const std::string& text) {
-    MessageDialog message(parent, title, text);
-    RunWindow(&message);
+// StandardSwitchInfoDialog: the name under the title, the port counts, port groups and uplinks below.
+void ShowStandardSwitchInfo(Frame& parent, const SwitchSummary& s) {
+    InfoDialog details(
+        &parent,
+        "Number of ports: " + std::to_string(s.numPorts) + "\nUsed ports: " + std::to_string(s.usedPorts) +
+            "\nConfigured ports: " + std::to_string(s.configuredPorts) +
+            "\nPort groups: " + JoinOrNone(s.portGroups) + "\nUplinks: " + JoinOrNone(s.uplinks),
+        parent.Text(TextId::StandardSwitchDetails), parent.Text(TextId::SwitchNameLabel) + s.name,
+        kEnterOkFooter);
+    RunWindow(&details);
 }
 
 } // namespace
@@ -39,54 +39,31 @@ void Message(Frame* parent, unsigned title, const std::string& text) {
 bool CreatePortGroupDialog(Frame* parent) {
     std::vector<SwitchSummary> switches;
     ScanVirtualSwitches(switches);
-
-    InputItem name(parent->Text(TextId::PortGroupNameLabel), "", -1, FieldFilter::Text);
-    LabelItem header(kSwitchHeader, false);
-    LabelItem none("No standard switches present", false);
-    std::vector<std::unique_ptr<RadioItem>> rows;
-    for (size_t i = 0; i < switches.size(); ++i)
-        rows.push_back(std::make_unique<RadioItem>(SwitchRow(switches[i]), i == 0));
-    std::vector<Item*> items = {&name, &header};
-    if (rows.empty())
-        items.push_back(&none);
-    for (auto& row : rows)
-        items.push_back(row.get());
-
-    FormDialog form(parent, {80, 20, 6}, parent->Text(TextId::CreatePortGroup),
-                    parent->Text(kCreatePortGroupBody), kMarkFooter);
-    form.SetItems(items);
-    form.SetShowCursor(true);
-    bool created = false;
-    form.SetKeyHook([&](int key) {
-        const int row = form.List()->FocusIndex() - 2; // below the name field and the header
-        if ((key == 'D' || key == 'd') && row >= 0 && row < static_cast<int>(switches.size())) {
-            const SwitchSummary& s = switches[row];
-            InfoDialog details(&form,
-                               form.Text(TextId::SwitchNameLabel) + s.name + "\n" + FormatSwitchSummary(s),
-                               form.Text(TextId::StandardSwitchDetails), "", kEnterOkFooter);
-            RunWindow(&details);
-            return FormKey::Used;
+    MarkedRowForm form;
+    form.title = parent->Text(TextId::CreatePortGroup);
+    form.body = parent->Text(kCreatePortGroupBody);
+    form.nameLabel = parent->Text(TextId::PortGroupNameLabel);
+    form.header = kSwitchHeader;
+    form.noRows = "No standard switches present";
+    for (const SwitchSummary& s : switches)
+        form.rows.push_back(SwitchRow(s));
+    form.showDetails = [&](Frame& dialog, int row) { ShowStandardSwitchInfo(dialog, switches[row]); };
+    form.accept = [&](Frame& dialog, const std::string& name, int marked) {
+        if (name.empty() || marked < 0) {
+            ShowMessage(dialog, FixedMessageSize(43, 8), TextId::InvalidArgument,
+                        dialog.Text(TextId::EnterValidPortGroupName));
+            return false;
         }
-        if (key != Key::Enter)
-            return FormKey::Unused;
-        int marked = -1;
-        for (size_t i = 0; i < rows.size(); ++i)
-            if (rows[i]->Chosen())
-                marked = static_cast<int>(i);
-        if (name.Value().empty() || marked < 0) {
-            Message(&form, TextId::InvalidArgument, form.Text(TextId::EnterValidPortGroupName));
-            return FormKey::Used;
+        if (!AddPortGroup(name, switches[marked].name)) {
+            ShowMessage(dialog, FixedMessageSize(51, 8), TextId::OperationFailed,
+                        dialog.Text(TextId::CheckSyslog));
+            return false;
         }
-        if (!AddPortGroup(name.Value(), switches[marked].name)) {
-            Message(&form, TextId::OperationFailed, form.Text(TextId::CheckSyslog));
-            return FormKey::Used;
-        }
-        Message(&form, TextId::OperationSucceeded, form.Text(TextId::CreatedPortGroup) + name.Value());
-        created = true;
-        return FormKey::Cancel; // created: the dialog is done
-    });
-    form.Run();
-    return created;
+        ShowMessage(dialog, FixedMessageSize(60, 8), TextId::OperationSucceeded,
+                    dialog.Text(TextId::CreatedPortGroup) + name);
+        return true;
+    };
+    return RunMarkedRowForm(parent, form);
 }
 
 } // namespace Tarn

@@ -33,7 +33,7 @@ bool RunningVMsWarningDialog(Frame* parent) {
 class DoRestoreNetworkDialog : public ProgressDialog {
 public:
     explicit DoRestoreNetworkDialog(Frame* parent)
-        : ProgressDialog(parent, {60, 12, 5}, parent->Text(TextId::RestoreNetworkSettingsTitle),
+        : ProgressDialog(parent, {60, 12, 6}, parent->Text(TextId::RestoreNetworkSettingsTitle),
                          parent->Text(TextId::RestoreFactoryWait), nullptr) {}
 
     int Foreground() override {
@@ -50,7 +50,7 @@ public:
 } // namespace
 
 bool RestoreNetworkDialog(Frame* parent) {
-    ConfirmDialog confirm(parent, {60, 12, 7},
+    ConfirmDialog confirm(parent, {60, 12, 6},
                           {parent->Text(TextId::RestoreNetworkFactorySettings),
                            parent->Text(TextId::RestoreFactoryHelp),
                            parent->Text(TextId::RestoreFactoryQuestion), kResetFooter, kF11CancelKeys});

@@ -1,9 +1,11 @@
 // The confirmation dialog's layout and key loop.
 #include "ui/ConfirmDialog.h"
 
+#include "core/Colors.h"
 #include "core/EventLoop.h"
 #include "core/Terminal.h"
 #include "ui/ItemList.h"
+#include "ui/Markup.h"
 #include "ui/RunWindow.h"
 #include "ui/TextArea.h"
 
@@ -20,11 +22,20 @@ ConfirmDialog::ConfirmDialog(Frame* parent, DialogSize size, const Confirmation&
     : Dialog(parent, size.width, size.height, size.splitRow), keys_(confirmation.keys),
       idleTimeout_(confirmation.idleTimeout) {
     SetTitle(confirmation.title);
-    SetBody(confirmation.text);
+    if (confirmation.title.empty() && top_->Height() > 2) {
+        // A small question without a title gives the title's rows to its text.
+        top_->AddChild<TextArea>(3, 1, top_->Width() - 6, top_->Height() - 2, Color::LightGrey, -1)
+            ->SetText(confirmation.text);
+    } else {
+        SetBody(confirmation.text);
+    }
     SetFooter(confirmation.footer);
     if (content_ != nullptr && !confirmation.question.empty()) {
-        question_ = content_->AddChild<TextArea>(0, 0, content_->Width(), 1, content_->Foreground(),
-                                                 content_->Background());
+        // As many rows as the wrapped question needs: a long question is not cut after its first line.
+        const int rows = static_cast<int>(
+            Markup::Layout(confirmation.question, content_->Width(), content_->Height()).size());
+        question_ = content_->AddChild<TextArea>(0, 0, content_->Width(), std::max(rows, 1),
+                                                 content_->Foreground(), content_->Background());
         question_->SetText(confirmation.question);
     }
 }
@@ -34,7 +45,7 @@ ConfirmDialog::~ConfirmDialog() = default;
 void ConfirmDialog::SetItems(std::vector<Item*> items) {
     if (content_ == nullptr)
         return;
-    const int top = question_ != nullptr ? 2 : 0;
+    const int top = question_ != nullptr ? question_->Height() + 1 : 0;
     if (list_ == nullptr && content_->Height() > top)
         list_ = content_->AddChild<ItemList>(0, top, content_->Width(), content_->Height() - top);
     if (list_ != nullptr)

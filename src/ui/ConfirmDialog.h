@@ -44,7 +44,7 @@ inline constexpr const char* kF11OkCancelFooter =
     "{color:dark-grey}Cancel{/color}{/align}";
 
 struct Confirmation {
-    std::string title;
+    std::string title;    // may be empty: the text then starts on the title's row
     std::string text;     // the body, in the top pane
     std::string question; // in the content pane; may be empty
     std::string footer;

@@ -16,6 +16,12 @@ struct DialogSize {
     int splitRow;
 };
 
+// A message or notification of a size given by its screen: the top pane ends three rows above the bottom,
+// leaving its body every row below the title (48 x 8 holds one line of 42 columns).
+constexpr DialogSize FixedMessageSize(int width, int height) {
+    return {width, height, height - 3};
+}
+
 // Size of a notification or message dialog: wide enough for the title and the longest body line (40 to 72
 // columns), a top pane tall enough for the wrapped body, and a 3-row bottom pane for the footer. Screen
 // sizes of 0 mean unknown; otherwise the dialog is kept within them.

@@ -17,7 +17,9 @@ int WaitForEnter(Window* window);
 // true from HasForeground().
 class NotificationDialog : public Dialog {
 public:
+    // Sized for its title and body.
     NotificationDialog(Frame* parentFrame, std::string title, std::string body);
+    NotificationDialog(Frame* parentFrame, DialogSize size, std::string title, std::string body);
 
     int Foreground() override;
     bool HasForeground() const override { return false; }
@@ -26,15 +28,15 @@ public:
     const std::string& BodyText() const { return bodyText_; }
 
 private:
-    NotificationDialog(Frame* parentFrame, DialogSize size, std::string title, std::string body);
-
     std::string titleText_;
     std::string bodyText_;
 };
 
 class MessageDialog : public Dialog {
 public:
+    // Sized for its title and body.
     MessageDialog(Frame* parentFrame, unsigned titleId, std::string body);
+    MessageDialog(Frame* parentFrame, DialogSize size, unsigned titleId, std::string body);
 
     int Foreground() override;
 
@@ -42,8 +44,6 @@ public:
     const std::string& BodyText() const { return bodyText_; }
 
 private:
-    MessageDialog(Frame* parentFrame, DialogSize size, unsigned titleId, std::string body);
-
     unsigned titleId_;
     std::string bodyText_;
 };

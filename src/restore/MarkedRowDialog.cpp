@@ -1,0 +1,68 @@
+// The name-and-marked-row dialog on the form kit.
+#include "restore/MarkedRowDialog.h"
+
+#include "core/EventLoop.h"
+#include "core/Keys.h"
+#include "ui/FormDialog.h"
+#include "ui/InputItem.h"
+#include "ui/Item.h"
+#include "ui/ItemList.h"
+#include "ui/RunWindow.h"
+#include "ui/StandardDialogs.h"
+
+#include <memory>
+
+namespace Tarn {
+namespace {
+
+// Two blanks before "<Space>" and before "<Esc>".
+constexpr const char* kMarkFooter =
+    "{color:black}<D>{/color} {color:dark-grey}View Details{/color}  {color:black}<Space>{/color} "
+    "{color:dark-grey}Toggle Selected{/color}{align:right}{color:black}<Enter>{/color} "
+    "{color:dark-grey}OK{/color}  {color:black}<Esc>{/color} {color:dark-grey}Cancel{/color}{/align}";
+constexpr int kFirstRow = 2; // below the name field and the header
+
+} // namespace
+
+bool RunMarkedRowForm(Frame* parent, const MarkedRowForm& spec) {
+    InputItem name(spec.nameLabel, "", -1, FieldFilter::Text);
+    LabelItem header(spec.header, false);
+    LabelItem none(spec.noRows, false);
+    std::vector<std::unique_ptr<RadioItem>> rows;
+    std::vector<Item*> items = {&name, &header};
+    for (size_t i = 0; i < spec.rows.size(); ++i) {
+        rows.push_back(std::make_unique<RadioItem>(spec.rows[i], i == 0));
+        items.push_back(rows.back().get());
+    }
+    if (rows.empty())
+        items.push_back(&none);
+
+    FormDialog form(parent, {80, 20, 6}, spec.title, spec.body, kMarkFooter);
+    form.SetItems(items);
+    form.SetShowCursor(true);
+    bool done = false;
+    form.SetKeyHook([&](int key) {
+        const int row = form.List()->FocusIndex() - kFirstRow;
+        if ((key == 'D' || key == 'd') && row >= 0 && row < static_cast<int>(rows.size())) {
+            spec.showDetails(form, row);
+            return FormKey::Used;
+        }
+        if (key != Key::Enter)
+            return FormKey::Unused; // Space marks a row through the list, or is a character of the name
+        int marked = -1;
+        for (size_t i = 0; i < rows.size(); ++i)
+            if (rows[i]->Chosen())
+                marked = static_cast<int>(i);
+        done = spec.accept(form, name.Value(), marked);
+        return done ? FormKey::Cancel : FormKey::Used;
+    });
+    form.Run();
+    return done;
+}
+
+void ShowMessage(Frame& parent, DialogSize size, unsigned titleId, const std::string& text) {
+    MessageDialog message(&parent, size, titleId, text);
+    RunWindow(&message);
+}
+
+} // namespace Tarn
