@@ -134,11 +134,14 @@ int TesBacktrace(const Call& call) {
     return 0;
 }
 
-// bryncfg-kswitch -m -p A -I B: the network virtualisation agent's switch migration; needs the agent.
+// bryncfg-kswitch -m -p A -I B: rewrites the network virtualisation agent's switch configuration, which
+// it refuses to do under a running agent.
 int BrynCfgKswitch(const Call& call) {
     Json agent = Load(call.dir)["services"].value("bryn-opsagent", Json::object());
-    if (!agent.value("installed", false) || !agent.value("running", false))
-        return Complain(call, "bryn-opsagent is not running");
+    if (!agent.value("installed", false))
+        return Complain(call, "bryn-opsagent is not installed");
+    if (agent.value("running", false))
+        return Complain(call, "bryn-opsagent is running: stop it first");
     return 0;
 }
 

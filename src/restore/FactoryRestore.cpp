@@ -4,6 +4,7 @@
 #include "core/Log.h"
 #include "core/Report.h"
 #include "hostops/CommandRunner.h"
+#include "hostops/KelpCmd.h"
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "platform/NetworkInfo.h"
@@ -69,6 +70,8 @@ bool RunFactoryRestore(const StringFactory& texts, ProgressSink& progress,
             return false;
         }
     });
+    // Cleared, and rebuilt or not: the management service must read the network as it now is.
+    RefreshManagementService();
     return true;
 }
 

@@ -2,6 +2,7 @@
 #include "restore/KdsRestore.h"
 
 #include "core/Log.h"
+#include "hostops/KelpCmd.h"
 #include "network/NetworkAccess.h"
 #include "platform/HostCtlException.h"
 #include "platform/VirtualSwitchInfo.h"
@@ -59,7 +60,7 @@ std::string NextHostLocalPortKey(const std::vector<std::string>& existingKeys) {
     }
 }
 
-bool RestoreKdsPort(const KdsPortContext& c, uint16_t vlan, const std::vector<std::string>& uplinks) {
+std::string RestoreKdsPort(const KdsPortContext& c, uint16_t vlan, const std::vector<std::string>& uplinks) {
     try {
         auto dswitch = FindDkSwitch(c.dswitch);
         HostCtl::Network::DVPortSettings port = dswitch->GetPort(c.port); // the rest is cloned
@@ -76,10 +77,11 @@ bool RestoreKdsPort(const KdsPortContext& c, uint16_t vlan, const std::vector<st
         management->SetConnectionPoint(HostCtl::Network::DVPort(c.dswitch, port.key));
         Log(LOG_INFO, "Moved %s from port %s to host local port %s on %s", c.tesnic.c_str(), c.port.c_str(),
             port.key.c_str(), c.dswitch.c_str());
-        return true;
+        RefreshManagementService();
+        return port.key;
     } catch (const HostCtlException& e) {
         Log(LOG_ERR, "Restoring kDS failed: %s", e.what());
-        return false;
+        return "";
     }
 }
 

@@ -28,7 +28,9 @@ std::optional<KdsPortContext> ReadKdsPortContext();
 // "hlp-1", or the next number not yet a key of the switch.
 std::string NextHostLocalPortKey(const std::vector<std::string>& existingKeys);
 
-// Creates the port and moves the management interface onto it; false when any step failed (logged).
-bool RestoreKdsPort(const KdsPortContext& context, uint16_t vlan, const std::vector<std::string>& uplinks);
+// Creates the port and moves the management interface onto it: the new port's key, empty when any step
+// failed (logged).
+std::string RestoreKdsPort(const KdsPortContext& context, uint16_t vlan,
+                           const std::vector<std::string>& uplinks);
 
 } // namespace Tarn

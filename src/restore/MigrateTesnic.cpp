@@ -3,6 +3,7 @@
 
 #include "core/Log.h"
 #include "hostops/BrynOpsAgent.h"
+#include "hostops/KelpCmd.h"
 #include "platform/HostCtlException.h"
 #include "platform/NetworkInfo.h"
 #include "platform/TesNicImpl.h"
@@ -36,8 +37,10 @@ std::string MigrateTesnic(const std::string& tesnic, const std::string& portGrou
         failure = std::string("Migrating ") + tesnic + " failed: " + e.what();
     }
     BrynOpsAgentStart(wasStopped);
-    if (failure.empty())
+    if (failure.empty()) {
         Log(LOG_INFO, "Migrated %s to port group %s", tesnic.c_str(), portGroup.c_str());
+        RefreshManagementService();
+    }
     return failure;
 }
 

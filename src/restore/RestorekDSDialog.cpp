@@ -96,13 +96,14 @@ bool RestorekDSDialog(Frame* parent) {
         if (ask.Ask() != Answer::Yes)
             return false;
     }
-    if (!RestoreKdsPort(*context, choice->vlan, choice->uplinks)) {
+    const std::string port = RestoreKdsPort(*context, choice->vlan, choice->uplinks);
+    if (port.empty()) {
         Message(parent, TextId::RestoreKdsError, TextId::RestoreKdsFailed);
         return false;
     }
     MessageDialog done(parent, TextId::OperationSucceeded,
-                       "The management network was moved to a new host local port on " + context->dswitch +
-                           ".");
+                       "The management network was moved to the host local port " + port + " on " +
+                           context->dswitch + ".");
     RunWindow(&done);
     return true;
 }

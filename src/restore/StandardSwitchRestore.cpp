@@ -2,6 +2,7 @@
 #include "restore/StandardSwitchRestore.h"
 
 #include "core/Log.h"
+#include "hostops/KelpCmd.h"
 #include "platform/HostCtlException.h"
 #include "platform/NetworkInfo.h"
 #include "platform/VirtualSwitchInfo.h"
@@ -77,10 +78,23 @@ void Move() {
     Log(LOG_INFO, "Created %s with port group %s for the management network", kswitch.c_str(),
         portGroup.c_str());
 
+    // Only the management interface stays up: the others sat on the distributed switch whose uplinks
+    // leave it now, and the operator repairs them later.
     std::unique_ptr<TesNic> target;
-    for (auto& nic : TesCtl::Network::TesselNicInfoImpl().GetTesselNics())
-        if (nic->GetName() == management->GetName())
+    for (auto& nic : TesCtl::Network::TesselNicInfoImpl().GetTesselNics()) {
+        if (nic->GetName() == management->GetName()) {
             target = std::move(nic);
+            continue;
+        }
+        try {
+            if (nic->IsEnabled()) {
+                nic->Disable();
+                Log(LOG_INFO, "Disabled %s", nic->GetName().c_str());
+            }
+        } catch (const HostCtlException& e) {
+            Log(LOG_ERR, "Disabling %s failed: %s", nic->GetName().c_str(), e.what());
+        }
+    }
 
     for (const std::string& pnic : uplinks) {
         try {
@@ -104,6 +118,8 @@ void MoveManagementToStandardSwitch() {
     } catch (const HostCtlException& e) {
         Log(LOG_ERR, "Moving the management network to a standard switch failed: %s", e.what());
     }
+    // Whole, half done or not begun: the management service reads the network as it now is.
+    RefreshManagementService();
     Log(LOG_INFO, "Enabling safe mode networking by moving all uplinks to a new management kSwitch");
 }
 

@@ -1,5 +1,6 @@
 // Network Restore Options end to end: factory restore declined, failing and succeeding; the move off a
-// distributed switch; switch and port group creation refusals.
+// distributed switch; switch and port group creation refusals; the kDS host local port and the tesnic
+// migration; the screen at 80 columns.
 #include "Flows.h"
 
 namespace e2e {
@@ -17,6 +18,15 @@ void OpenRestoreOptions(Console& c) {
 // Moves down in the restore screen until the pane shows `text`.
 void Select(Console& c, const std::string& text) {
     MoveTo(c, text);
+}
+
+// The same, upwards.
+void SelectAbove(Console& c, const std::string& text) {
+    for (int i = 0; i < 6 && !c->View().Contains(text); ++i) {
+        c->Key("Up");
+        c->WaitQuiet(60ms);
+    }
+    ASSERT_TRUE(c->View().Contains(text)) << c->View().Text();
 }
 
 void StartFactoryRestore(Console& c) {
@@ -120,9 +130,17 @@ TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
 }
 
 TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
-    Console c(Roomy());
+    Console c({.scenario = "default", .rows = 25, .cols = 80});
     OpenRestoreOptions(c);
-    Select(c, "Create a new port group by name");
+    // At 80 columns: the heading, and the footer whole. The management network is on a standard switch,
+    // so the cursor cannot reach the two entries below the factory restore.
+    EXPECT_EQ(c->View().Find("Network Restore Options")->row, 0) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("<Esc> Exit")) << c->View().Text();
+    Select(c, "Restoring the network settings");
+    c->Key("Down");
+    EXPECT_TRUE(c->WaitQuiet(100ms));
+    EXPECT_TRUE(c->View().Contains("Restoring the network settings")) << c->View().Text();
+    SelectAbove(c, "Create a new port group");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Portgroup Name:")) << c->View().Text();
     c->Type("Management Network");
@@ -131,6 +149,40 @@ TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
     EXPECT_TRUE(c->View().Contains("Please check the syslog for more information."));
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Portgroup Name:")) << c->View().Text();
+}
+
+TEST(Restore, RestoreKdsThenMigrateTheManagementTesnicOnDvs) {
+    Console c(Roomy("dvs"));
+    const SimHost& host = c.Host();
+    OpenRestoreOptions(c);
+    Select(c, "Reconfigure properties of misconfigured kDS");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("VLAN ID:")) << c->View().Text();
+    c->Type("20");
+    c->Key("Down");
+    c->Key("Down");
+    c->Type(" "); // nicx3
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Operation Succeeded")) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("hlp-1")) << c->View().Text();
+    auto state = host.HostJson();
+    EXPECT_EQ(state["tesnics"][0]["connection"]["port"], "hlp-1");
+    const auto& port = state["distributedSwitches"][0]["ports"].back();
+    EXPECT_EQ(port["vlan"], 20);
+    EXPECT_EQ(port["uplinks"], nlohmann::json::array({"nicx3"}));
+    EXPECT_EQ(state["services"]["stewd"]["refreshes"], 1);
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextGone("Operation Succeeded")) << c->View().Text();
+
+    SelectAbove(c, "Migrate a tesnic to the standard virtual switch");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Tessel NIC:")) << c->View().Text();
+    c->Key("Enter"); // tes0 and the only port group, VM Network, are chosen
+    ASSERT_TRUE(c->WaitForTextSettled("Migrated tes0 to port group VM Network.")) << c->View().Text();
+    state = host.HostJson();
+    EXPECT_EQ(state["tesnics"][0]["connection"]["portGroup"], "VM Network");
+    EXPECT_TRUE(state["services"]["bryn-opsagent"]["running"].get<bool>());
+    EXPECT_EQ(state["services"]["stewd"]["refreshes"], 2);
 }
 
 } // namespace

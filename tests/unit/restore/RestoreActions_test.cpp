@@ -1,6 +1,7 @@
 // The restore sequences against a small simulated host: factory restore (declined, power-off failure,
-// success), the move of management off a distributed switch, switch creation commands, and the
-// management network restart.
+// success), the move of management off a distributed switch, the kDS host local port, the tesnic
+// migration, switch creation commands, and the management network restart. The host's kelp-cmd and
+// agent tools are scripts that note their calls in /calls.
 #include "../network/NetworkHost.h"
 #include "RecordingProgress.h"
 
@@ -8,6 +9,7 @@
 #include "network/RestartManagementNetwork.h"
 #include "restore/FactoryRestore.h"
 #include "restore/KdsRestore.h"
+#include "restore/MigrateTesnic.h"
 #include "restore/StandardSwitchRestore.h"
 #include "restore/SwitchCreation.h"
 #include "ui/en_US_Factory.h"
@@ -24,6 +26,16 @@ protected:
         host_.WriteState(host);
     }
     std::string Events() { return host_.Read("/var/log/obed.log"); }
+    // The management service refresh, as the host's kelp-cmd sees it.
+    void ScriptKelpCmd() { host_.Script("/bin/kelp-cmd", "echo \"kelp $3\" >> " + host_.Path("/calls")); }
+    std::vector<std::string> Calls() { return host_.Lines("/calls"); }
+    // A second tesnic like the management one, on a port of kDS-1.
+    static Json TesnicOnKds(const Json& host, const std::string& name, const std::string& port) {
+        Json nic = host["tesnics"][0];
+        nic["name"] = name;
+        nic["connection"] = {{"type", 2}, {"switch", "kDS-1"}, {"port", port}};
+        return nic;
+    }
 
     en_US_Factory texts_{[] { return Platform::SystemVersion{}; }};
     RecordingProgress progress_;
@@ -31,10 +43,12 @@ protected:
 
 TEST_F(RestoreActionsTest, FactoryRestoreDeclinedChangesNothing) {
     WriteHost();
+    ScriptKelpCmd();
     const Json before = host_.State();
     EXPECT_FALSE(RunFactoryRestore(texts_, progress_, [] { return false; }));
     EXPECT_EQ(host_.State(), before);
     EXPECT_TRUE(progress_.lines.empty());
+    EXPECT_TRUE(Calls().empty());
 }
 
 TEST_F(RestoreActionsTest, FactoryRestoreWithFailingPowerOffKeepsNetwork) {
@@ -54,8 +68,10 @@ TEST_F(RestoreActionsTest, FactoryRestoreWithFailingPowerOffKeepsNetwork) {
 
 TEST_F(RestoreActionsTest, FactoryRestoreBuildsDefaultNetworkOnDhcp) {
     WriteHost();
+    ScriptKelpCmd();
     host_.Script("/sbin/haltGuests", "[ $# -eq 0 ] || exit 2");
     EXPECT_TRUE(RunFactoryRestore(texts_, progress_, [] { return true; }));
+    EXPECT_EQ(Calls(), (std::vector<std::string>{"kelp internalsvc/refresh"}));
     EXPECT_EQ(progress_.lines,
               (std::vector<std::string>{"Powering Off VMs. Done.", "Auto-configuring network. Done."}));
     Json s = host_.State();
@@ -76,7 +92,9 @@ TEST_F(RestoreActionsTest, StandardSwitchRestoreTakesFreeNamesAndMovesUplinks) {
              {"ports", 128},
              {"uplinks", Json::array()},
              {"portGroups", {{{"name", "Management Network1"}, {"vlan", 0}}}}});
+        host["tesnics"].push_back(TesnicOnKds(host, "tes1", "11"));
     });
+    ScriptKelpCmd();
     MoveManagementToStandardSwitch();
     Json s = host_.State();
     ASSERT_EQ(s["standardSwitches"].size(), 3u);
@@ -88,6 +106,9 @@ TEST_F(RestoreActionsTest, StandardSwitchRestoreTakesFreeNamesAndMovesUplinks) {
     EXPECT_EQ(created["portGroups"][0]["teaming"]["maxActive"], 2);
     EXPECT_TRUE(s["distributedSwitches"][0]["uplinks"].empty());
     EXPECT_EQ(s["tesnics"][0]["connection"]["portGroup"], "Management Network2");
+    EXPECT_TRUE(s["tesnics"][0]["enabled"].get<bool>());
+    EXPECT_FALSE(s["tesnics"][1]["enabled"].get<bool>()) << "only the management interface stays up";
+    EXPECT_EQ(Calls(), (std::vector<std::string>{"kelp internalsvc/refresh"}));
     EXPECT_EQ(host_.LogMessages().back(),
               "Enabling safe mode networking by moving all uplinks to a new management kSwitch");
 }
@@ -102,8 +123,6 @@ TEST_F(RestoreActionsTest, SwitchCreationRunsEveryCommand) {
                                          "network kswitch standard uplink add -u nicx1 -v kSwitch5",
                                      }));
     EXPECT_TRUE(CreateStandardSwitchWithUplink("kSwitch6", "nicx2", ""));
-    EXPECT_EQ(UplinkInUseText("nicx1", "kSwitch0"),
-              "The chosen uplink \"nicx1\" is already in use by \"kSwitch0\".");
 }
 
 TEST_F(RestoreActionsTest, RestartRenewsLeaseAndReports) {
@@ -142,11 +161,12 @@ TEST_F(RestoreActionsTest, KdsRestoreAddsHostLocalPortAndMovesManagement) {
         host["distributedSwitches"][0]["ports"] = {{{"key", "10"}, {"portGroup", "dvpg-mgmt"}, {"vlan", 5}},
                                                    {{"key", "hlp-1"}, {"portGroup", "dvpg-mgmt"}}};
     });
+    ScriptKelpCmd();
     auto context = ReadKdsPortContext();
     ASSERT_TRUE(context);
     EXPECT_EQ(context->vlan, 5);
     EXPECT_FALSE(context->thirdParty);
-    ASSERT_TRUE(RestoreKdsPort(*context, 20, {"nicx3"}));
+    ASSERT_EQ(RestoreKdsPort(*context, 20, {"nicx3"}), "hlp-2");
     Json s = host_.State();
     const Json& port = s["distributedSwitches"][0]["ports"][2];
     EXPECT_EQ(port["key"], "hlp-2");
@@ -154,11 +174,13 @@ TEST_F(RestoreActionsTest, KdsRestoreAddsHostLocalPortAndMovesManagement) {
     EXPECT_EQ(port["vlan"], 20);
     EXPECT_EQ(port["uplinks"], Json::array({"nicx3"}));
     EXPECT_EQ(s["tesnics"][0]["connection"]["port"], "hlp-2");
+    EXPECT_EQ(Calls(), (std::vector<std::string>{"kelp internalsvc/refresh"}));
 
     // An uplink the switch does not have is refused by the host, and nothing moves.
     context = ReadKdsPortContext();
     ASSERT_TRUE(context);
-    EXPECT_FALSE(RestoreKdsPort(*context, 0, {"nicx0"}));
+    EXPECT_EQ(RestoreKdsPort(*context, 0, {"nicx0"}), "");
+    EXPECT_EQ(Calls().size(), 1u) << "no refresh after a failure";
     EXPECT_EQ(host_.State()["tesnics"][0]["connection"]["port"], "hlp-2");
     EXPECT_TRUE(host_.LoggedPrefix("Restoring kDS failed: "));
 
@@ -170,4 +192,35 @@ TEST_F(RestoreActionsTest, KdsRestoreAddsHostLocalPortAndMovesManagement) {
         s["tesnics"][0]["connection"] = {{"type", 1}, {"portGroup", "Management Network"}};
     });
     EXPECT_FALSE(ReadKdsPortContext()) << "management on a standard switch";
+}
+
+TEST_F(RestoreActionsTest, MigrationConfiguresTheStoppedAgentAndAlwaysRestartsIt) {
+    WriteHost([](Json& host) {
+        host["standardSwitches"][0]["portGroups"].push_back({{"name", "VM Network"}, {"vlan", 0}});
+        host["tesnics"].push_back(TesnicOnKds(host, "tes1", "11"));
+    });
+    ScriptKelpCmd();
+    // The agent's configuration tool refuses to run under the agent, as the host's does.
+    const std::string calls = " >> " + host_.Path("/calls") + "\n", running = host_.Path("/agent-running");
+    host_.Write("/agent-running", "");
+    host_.Script("/etc/init.d/bryn-opsagent", "echo \"agent $1\"" + calls + "case $1 in stop) rm -f " +
+                                                  running + ";; start) touch " + running + ";; esac");
+    host_.Script("/usr/lib64/orvane/bryn-opsagent/bin/bryncfg-kswitch",
+                 "echo \"bryncfg $*\"" + calls + "[ ! -e " + running + " ]");
+
+    const MigrationChoices choices = ReadMigrationChoices();
+    EXPECT_EQ(choices.tesnics, (std::vector<std::string>{"tes0", "tes1"}));
+    EXPECT_EQ(choices.portGroups, (std::vector<std::string>{"Management Network", "VM Network"}));
+
+    EXPECT_EQ(MigrateTesnic("tes1", "VM Network"), "");
+    EXPECT_EQ(host_.State()["tesnics"][1]["connection"], Json({{"type", 1}, {"portGroup", "VM Network"}}));
+    EXPECT_EQ(Calls(), (std::vector<std::string>{"agent stop", "bryncfg -m -p VM Network -I tes1",
+                                                 "agent start", "kelp internalsvc/refresh"}));
+    EXPECT_TRUE(host_.Logged("Migrated tes1 to port group VM Network"));
+
+    std::filesystem::remove(host_.Path("/calls"));
+    EXPECT_NE(MigrateTesnic("tes9", "VM Network"), "") << "no such tesnic";
+    EXPECT_EQ(Calls(), (std::vector<std::string>{"agent stop", "agent start"}))
+        << "no refresh after a failure";
+    EXPECT_TRUE(host_.LoggedPrefix("Migrating tes9 failed: "));
 }
