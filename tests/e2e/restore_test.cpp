@@ -50,6 +50,7 @@ TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningChangesNothing) {
     for (const char* key : {"standardSwitches", "tesnics", "vms"})
         EXPECT_EQ(after[key], before[key]) << key;
     EXPECT_FALSE(after.contains("netDumper"));
+    EXPECT_EQ(after["services"]["stewd"]["refreshes"], 0);
     EXPECT_EQ(Events(host).size(), events);
 }
 
@@ -68,6 +69,8 @@ TEST(Restore, FailingPowerOffKeepsTheNetworkAndStillReports) {
     const auto after = host.State();
     EXPECT_EQ(after["tesnics"], before["tesnics"]);
     EXPECT_EQ(after["standardSwitches"], before["standardSwitches"]);
+    EXPECT_EQ(after["netDumper"]["enabled"], false) << "switched off before the power-off was judged";
+    EXPECT_EQ(host.SyslogMatching("Error powering off VMs").size(), 1u);
     EXPECT_EQ(Events(host).back(),
               "@&!*@*@(obe.user.tarn.factory.network.restored)Restoring factory network settings");
 }

@@ -13,6 +13,9 @@
 namespace Platform::Sim {
 namespace {
 
+// The management interface's MAC address on a host without physical NICs (locally administered).
+constexpr const char* kNoNicMac = "02:50:56:00:00:01";
+
 using HostCtl::Lib::HostCtlException;
 
 Json* FindNamed(Json& array, const std::string& name) {
@@ -309,29 +312,29 @@ void SimNetworkBackend::ClearNetworkConfig() {
 
 void SimNetworkBackend::AutoConfigNetwork() {
     Operate({"AutoConfigNetwork"}, [](Json& state) {
+        // The first NIC with a link carries the default network, else simply the first one; a host without
+        // NICs still gets its switch and management interface, without an uplink.
         const Json& pnics = state.at("pnics");
-        if (pnics.empty())
-            throw HostCtlException("No physical NIC to configure the network on");
-        // The first NIC with a link carries the default network, else simply the first one.
-        const Json* uplink = &pnics.front();
+        const Json* uplink = pnics.empty() ? nullptr : &pnics.front();
         for (const auto& p : pnics)
             if (p.value("link", false)) {
                 uplink = &p;
                 break;
             }
-        std::string nic = uplink->at("name").get<std::string>();
+        const Json uplinks = uplink ? Json::array({uplink->at("name")}) : Json::array();
         const std::string portGroup = "Management Network";
         if (!FindNamed(state["standardSwitches"], "kSwitch0")) {
-            if (!UplinkOwner(state, nic).empty())
-                throw HostCtlException(nic + " is already an uplink of " + UplinkOwner(state, nic));
+            for (const auto& nic : uplinks)
+                if (std::string owner = UplinkOwner(state, nic); !owner.empty())
+                    throw HostCtlException(nic.get<std::string>() + " is already an uplink of " + owner);
             state["standardSwitches"].push_back(
                 {{"name", "kSwitch0"},
                  {"ports", HostCtl::Network::Portset::DEF_NUM_PORTS},
-                 {"uplinks", {nic}},
+                 {"uplinks", uplinks},
                  {"portGroups",
                   {{{"name", portGroup},
                     {"vlan", 0},
-                    {"teaming", {{"uplinkOrder", {nic}}, {"maxActive", 1}}}}}}});
+                    {"teaming", {{"uplinkOrder", uplinks}, {"maxActive", uplinks.size()}}}}}}});
         }
         if (!FindNamed(state["tesnics"], "tes0")) {
             HostCtl::Network::IpConfig config;
@@ -343,7 +346,7 @@ void SimNetworkBackend::AutoConfigNetwork() {
             }
             state["tesnics"].push_back({{"name", "tes0"},
                                         {"connection", {{"type", 1}, {"portGroup", portGroup}}},
-                                        {"mac", uplink->at("mac")},
+                                        {"mac", uplink ? uplink->at("mac") : Json(kNoNicMac)},
                                         {"enabled", true},
                                         {"dhcpBound", false},
                                         {"dhcpServer", "0.0.0.0"},

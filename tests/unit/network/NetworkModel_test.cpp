@@ -143,6 +143,13 @@ TEST_F(NetworkModelTest, FactoryRestoreBuildsDefaultManagementNetwork) {
     EXPECT_TRUE(management->GetConfiguredIpConfig().GetUseDhcp());
     EXPECT_EQ(management->GetIpConfig().GetIpv4Address().GetStringAddress(), "192.0.2.77");
     EXPECT_EQ(fresh.GetAllPortGroups(), std::vector<std::string>{"Management Network"});
+
+    // Without physical NICs: the switch has no uplink, and the management interface is there all the same.
+    host_.ChangeState([](Json& s) { s["pnics"] = Json::array(); });
+    info.ClearNetworkConfig();
+    info.AutoConfigNetwork();
+    EXPECT_EQ(host_.State()["standardSwitches"][0]["uplinks"], Json::array());
+    EXPECT_NE(NetworkInfoImpl().GetManagementInterface(), nullptr);
 }
 
 TEST_F(NetworkModelTest, SwitchCreationNamesAndListings) {

@@ -1,5 +1,5 @@
-// The restore sequences against a small simulated host: factory restore (declined, power-off failure,
-// success), the move of management off a distributed switch, the kDS host local port, the tesnic
+// The restore sequences against a small simulated host: factory restore (its refusals are tried end to
+// end), the move of management off a distributed switch, the kDS host local port, the tesnic
 // migration, switch creation commands, and the management network restart. The host's kelp-cmd and
 // agent tools are scripts that note their calls in /calls.
 #include "../network/NetworkHost.h"
@@ -40,31 +40,6 @@ protected:
     en_US_Factory texts_{[] { return Platform::SystemVersion{}; }};
     RecordingProgress progress_;
 };
-
-TEST_F(RestoreActionsTest, FactoryRestoreDeclinedChangesNothing) {
-    WriteHost();
-    ScriptKelpCmd();
-    const Json before = host_.State();
-    EXPECT_FALSE(RunFactoryRestore(texts_, progress_, [] { return false; }));
-    EXPECT_EQ(host_.State(), before);
-    EXPECT_TRUE(progress_.lines.empty());
-    EXPECT_TRUE(Calls().empty());
-}
-
-TEST_F(RestoreActionsTest, FactoryRestoreWithFailingPowerOffKeepsNetwork) {
-    WriteHost();
-    host_.Script("/sbin/haltGuests", "exit 1");
-    const Json before = host_.State();
-    EXPECT_TRUE(RunFactoryRestore(texts_, progress_, [] { return true; }));
-    ReportFactoryRestore();
-    EXPECT_EQ(progress_.lines, (std::vector<std::string>{"Powering Off VMs. Failed."}));
-    Json after = host_.State();
-    EXPECT_EQ(after["tesnics"], before["tesnics"]);
-    EXPECT_EQ(after["standardSwitches"], before["standardSwitches"]);
-    EXPECT_EQ(after["netDumper"]["enabled"], false);
-    EXPECT_TRUE(host_.Logged("Error powering off VMs"));
-    EXPECT_NE(Events().find("factory.network.restored"), std::string::npos);
-}
 
 TEST_F(RestoreActionsTest, FactoryRestoreBuildsDefaultNetworkOnDhcp) {
     WriteHost();

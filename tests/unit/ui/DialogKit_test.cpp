@@ -1,5 +1,6 @@
 // The dialog kit run for real on an off-screen terminal: a form refusing a bad value, a confirmation that
-// hears only its answer keys, and a progress dialog's text and drawing around its steps.
+// hears only its answer keys and lays out a long question, and a progress dialog's text and drawing around
+// its steps.
 #include "core/Keys.h"
 #include "ui/ConfirmDialog.h"
 #include "ui/FormDialog.h"
@@ -82,6 +83,20 @@ TEST_F(DialogKit, ConfirmationHearsOnlyItsAnswerKeys) {
         ConfirmDialog dialog(nullptr, kSize, f11);
         Type("\n\033");
         EXPECT_EQ(dialog.Ask(), Answer::Cancel);
+    }
+    {
+        // Without a title the text starts on the title's row; a question that wraps keeps its second line,
+        // with the items below it.
+        CheckItem collect("Collect", false);
+        ConfirmDialog dialog(nullptr, kTall,
+                             {"", "Text", "Go on with a question that is long enough to need a second row?",
+                              kF11OkCancelFooter, kF11CancelKeys});
+        dialog.SetItems({&collect});
+        Press("kf11");
+        EXPECT_EQ(dialog.Ask(), Answer::Yes);
+        EXPECT_EQ(Screen(6, 13, 4), "Text");
+        EXPECT_EQ(Screen(13, 12, 11), "second row?");
+        EXPECT_EQ(Screen(15, 13, 11), "[ ] Collect");
     }
     const Confirmation yesNo{"Title", "Text", "Apply?", kYesNoCancelFooter, kYesNoCancelKeys};
     const struct {
