@@ -65,6 +65,14 @@ void Flush() {
     doupdate();
 }
 
+// Stages `frame` and every frame under it, from the outermost up.
+void StageFrames(Frame* frame) {
+    if (frame == nullptr)
+        return;
+    StageFrames(frame->ParentFrame());
+    ScreenUpdate::Stage(frame->Curses());
+}
+
 } // namespace
 
 ScreenUpdate::ScreenUpdate() {
@@ -247,10 +255,10 @@ Dialog::Dialog(Frame* parentFrame, const DialogSize& fitted)
 
 void Dialog::Draw(bool active) {
     ScreenUpdate update;
-    // The frame underneath goes out in the same update, so that whatever a closed dialog left around this
-    // one is covered again.
-    if (active && parentFrame_ != nullptr)
-        ScreenUpdate::Stage(parentFrame_->Curses());
+    // The frames underneath go out in the same update, the outermost first, so that whatever a closed dialog
+    // left around this one is covered again, also where it reached past the frame just under this one.
+    if (active)
+        StageFrames(parentFrame_);
     Window::Draw(active);
 }
 

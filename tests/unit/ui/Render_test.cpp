@@ -70,6 +70,21 @@ TEST_F(Render, DialogGeometryTextsAndColours) {
     }
 }
 
+TEST_F(Render, ClosingADialogWiderThanTheOneUnderItRestoresEveryFrameBelow) {
+    // A full-screen frame, two narrow dialogs on it (a login, then a password change) and a wide message on
+    // the second: the message reaches past both onto the screen underneath.
+    TestDialog screen(nullptr, 80, 24, 10);
+    screen.Print(6, 12, "under");
+    TestDialog login(&screen, 40, 12, 7);
+    TestDialog narrow(&login, 40, 12, 7);
+    TestDialog wide(&narrow, 70, 10, 5);
+    for (TestDialog* d : {&screen, &login, &narrow, &wide})
+        d->Draw(true);
+    ASSERT_NE(Screen(12, 6, 5), "under") << "the message covers it";
+    narrow.Draw(true); // the message closed
+    EXPECT_EQ(Screen(12, 6, 5), "under");
+}
+
 TEST_F(Render, DeletingAWindowDeletesItsSubtree) {
     Window parent(0, 0, 20, 5, 3, 1);
     delete parent.AddChild<Window>(1, 1, 5, 2, -1, -1);
