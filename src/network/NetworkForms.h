@@ -16,9 +16,6 @@ inline constexpr const char* kRadioFormFooter =
     "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}  {color:black}<Space>{/color} "
     "{color:dark-grey}Mark Selected{/color}{align:right}{color:black}<Enter>{/color} "
     "{color:dark-grey}OK{/color}  {color:black}<Esc>{/color} {color:dark-grey}Cancel{/color}{/align}";
-inline constexpr const char* kOkCancelFooter =
-    "{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}  {color:black}<Esc>{/color} "
-    "{color:dark-grey}Cancel{/color}{/align}";
 
 // Space on one of `radios` chooses it and enables `inputs` exactly while `enabling` is the chosen one; Space
 // elsewhere does nothing. Other keys go to the list.

@@ -42,6 +42,13 @@ constexpr EntryRow kEntries[] = {
     {TextId::CustomDnsSuffixes, NetworkEntry::Suffixes, false},
 };
 
+int WidestEntry(const Frame& frame) {
+    std::vector<unsigned> ids;
+    for (const EntryRow& row : kEntries)
+        ids.push_back(row.label);
+    return WidestText(frame, ids);
+}
+
 } // namespace
 
 // The apply sequence's view of the window: errors over it, its summary redrawn, the restart on top.
@@ -63,7 +70,7 @@ private:
 };
 
 NetworkWindow::NetworkWindow(Frame* parent, RestartHost restartHost)
-    : ListSummaryWindow(parent), restartHost_(std::move(restartHost)) {
+    : ListSummaryWindow(parent, WidestEntry(*parent)), restartHost_(std::move(restartHost)) {
     outcome_ = OpenManagementNetwork(pending_, management_, dns_, routing_);
     if (outcome_ != OpenOutcome::Ready)
         return;

@@ -26,9 +26,18 @@
 #include <sys/stat.h>
 
 namespace Tarn {
-namespace {} // namespace
+namespace {
 
-GeneralWindow::GeneralWindow(Frame* parent) : ListSummaryWindow(parent) {
+int WidestEntry(const Frame& frame) {
+    std::vector<unsigned> ids;
+    for (const MenuRow& row : MenuTable())
+        ids.push_back(row.id);
+    return WidestText(frame, ids);
+}
+
+} // namespace
+
+GeneralWindow::GeneralWindow(Frame* parent) : ListSummaryWindow(parent, WidestEntry(*parent)) {
     SetHeading(Text(TextId::SystemCustomization));
     ReadLockdown();
     ReadManagement();

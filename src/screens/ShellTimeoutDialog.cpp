@@ -4,7 +4,6 @@
 #include "core/EventLoop.h"
 #include "hostops/ShellTimeouts.h"
 #include "hostops/TimeoutValue.h"
-#include "ui/ConfirmDialog.h"
 #include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 #include "ui/TextIds.h"
@@ -13,9 +12,6 @@ namespace Tarn {
 namespace {
 
 constexpr DialogSize kSize = {76, 20, 13};
-constexpr const char* kOkCancelFooter =
-    "{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}  "
-    "{color:black}<Esc>{/color} {color:dark-grey}Cancel{/color}{/align}";
 
 // Writes one option when its input asks for it; tells the operator about a value out of range (over
 // `window`: the dialog has closed by then).

@@ -13,9 +13,6 @@ namespace Tarn {
 namespace {
 
 constexpr DialogSize kSize = {70, 15, 7};
-constexpr const char* kOkCancelFooter =
-    "{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}  "
-    "{color:black}<Esc>{/color} {color:dark-grey}Cancel{/color}{/align}";
 
 } // namespace
 

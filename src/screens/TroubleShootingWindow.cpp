@@ -26,7 +26,11 @@ enum Entry { kShell, kSsh, kShellTimeouts, kTarnTimeout, kRestartAgents };
 } // namespace
 
 TroubleShootingWindow::TroubleShootingWindow(Frame* parent)
-    : ListSummaryWindow(parent, parent->Text(TextId::TroubleshootingModeOptions)) {
+    : ListSummaryWindow(
+          parent, parent->Text(TextId::TroubleshootingModeOptions),
+          WidestText(*parent, {TextId::EnableCorlaShell, TextId::DisableCorlaShell, TextId::EnableSsh,
+                               TextId::DisableSsh, TextId::ModifyCorlaShellSshTimeouts,
+                               TextId::ModifyTarnIdleTimeout, TextId::RestartManagementAgents})) {
     ReadStates();
     SetEntries(Entries());
 }

@@ -18,6 +18,11 @@ namespace Tarn {
 class Item;
 class ItemList;
 
+// Key hints of a form that Enter accepts and Esc cancels.
+inline constexpr const char* kOkCancelFooter =
+    "{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}  {color:black}<Esc>{/color} "
+    "{color:dark-grey}Cancel{/color}{/align}";
+
 // A refused form: the item that gets the focus and the message dialog's title and text.
 struct FormError {
     int row;

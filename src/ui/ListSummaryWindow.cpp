@@ -6,14 +6,26 @@
 #include "core/Keys.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
+#include "ui/Markup.h"
 #include "ui/ScreenUpdate.h"
 #include "ui/TextArea.h"
 
+#include <algorithm>
+
 namespace Tarn {
 
-ListSummaryWindow::ListSummaryWindow(Frame* parent) : ListSummaryWindow(parent, "") {}
+int WidestText(const Frame& frame, const std::vector<unsigned>& ids) {
+    int widest = 0;
+    for (unsigned id : ids)
+        widest = std::max(widest, Markup::VisibleLength(frame.Text(id)));
+    return widest;
+}
 
-ListSummaryWindow::ListSummaryWindow(Frame* parent, const std::string& heading) : RootWindow(parent) {
+ListSummaryWindow::ListSummaryWindow(Frame* parent, int widestLabel)
+    : ListSummaryWindow(parent, "", widestLabel) {}
+
+ListSummaryWindow::ListSummaryWindow(Frame* parent, const std::string& heading, int widestLabel)
+    : RootWindow(parent, std::max(widestLabel, Markup::VisibleLength(heading))) {
     Window* pane = ListPane();
     // The hint gets a row of its own, so that redrawing the list never paints over it.
     const int hintRows = heading.empty() || pane->Height() < 2 ? 0 : 1;

@@ -30,12 +30,17 @@ struct SummaryEntry {
 inline constexpr const char* kListSelectHint =
     "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}";
 
+// Cells of the longest of the catalogue texts `ids`: a window's widest entry name.
+int WidestText(const Frame& frame, const std::vector<unsigned>& ids);
+
 class ListSummaryWindow : public RootWindow {
 public:
-    explicit ListSummaryWindow(Frame* parent);
+    // `widestLabel`: cells of the longest entry name the window will list (WidestText), which the list pane
+    // widens to show whole.
+    ListSummaryWindow(Frame* parent, int widestLabel);
     // With `heading` above the list and kListSelectHint on the list's last row: the summary's footer then
     // keeps its width for the entry's own Enter and Esc hints.
-    ListSummaryWindow(Frame* parent, const std::string& heading);
+    ListSummaryWindow(Frame* parent, const std::string& heading, int widestLabel = 0);
     ~ListSummaryWindow() override;
 
     // Returns 0 when the operator leaves with Esc; TarnTimeout passes through.

@@ -272,23 +272,25 @@ void Dialog::SetFooter(const std::string& markup) {
     footer_->SetText(markup);
 }
 
-RootWindow::RootWindow(Frame* parentFrame)
+RootWindow::RootWindow(Frame* parentFrame, int widestLabel)
     : Frame(parentFrame, 0, 0, COLS, LINES, Color::ScreenBackground, Color::Text) {
     if (win_ != nullptr)
         werase(win_);
     // Left: the list of tasks on amber inside a dark frame; right: title, description and key hints.
-    // Two fifths, but never narrower than the longest task name needs (36 columns: a Linux console's 80
-    // columns are just enough) unless that would take more than half the screen.
-    const int leftWidth = std::max({width_ * 2 / 5, std::min(36, width_ / 2), 0});
+    // Around a name in the left pane: the pane's margins (2 + 2), the list row's (1 + 1) and the scroll bar.
+    constexpr int kListChrome = 7;
+    const int leftWidth = std::max({width_ * 2 / 5, std::min(widestLabel + kListChrome, width_ * 3 / 5), 0});
     left_ = new Window(this, 0, 0, leftWidth, height_, Color::PaneBackground, Color::Text);
     heading_ = new TextArea(left_, 2, 0, leftWidth - 4, 1, Color::White, -1);
     list_ = new Window(left_, 2, 1, leftWidth - 4, height_ - 2, Color::ContentBackground, Color::ItemText);
     right_ =
         new Window(this, leftWidth, 0, width_ - leftWidth, height_, Color::ScreenBackground, Color::Text);
-    const int rightWidth = right_->Width();
-    title_ = new TextArea(right_, 2, 1, rightWidth - 4, 1, Color::White, -1);
-    body_ = new TextArea(right_, 2, 3, rightWidth - 4, height_ - 6, Color::LightGrey, -1);
-    footer_ = new TextArea(right_, 2, height_ - 2, rightWidth - 4, 1, Color::LightGrey, -1);
+    // The left pane's dark margin already parts the texts from the list: one blank column before them, so
+    // that at 80 columns the longest names fit both in the list and as the title beside it.
+    const int textWidth = right_->Width() - 3;
+    title_ = new TextArea(right_, 1, 1, textWidth, 1, Color::White, -1);
+    body_ = new TextArea(right_, 1, 3, textWidth, height_ - 6, Color::LightGrey, -1);
+    footer_ = new TextArea(right_, 1, height_ - 2, textWidth, 1, Color::LightGrey, -1);
 }
 
 void RootWindow::SetHeading(const std::string& markup) {

@@ -130,7 +130,9 @@ private:
 // a right pane with title, body and footer text areas describing the entry under the cursor.
 class RootWindow : public Frame {
 public:
-    explicit RootWindow(Frame* parentFrame);
+    // `widestLabel`: cells of the longest entry name (or heading); the left pane widens from two fifths of
+    // the screen to show it whole, up to three fifths.
+    explicit RootWindow(Frame* parentFrame, int widestLabel = 0);
 
     // The window's own name, above the list, so the operator sees where they are.
     void SetHeading(const std::string& markup);

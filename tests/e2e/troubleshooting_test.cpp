@@ -52,14 +52,15 @@ nlohmann::json Option(const TestHost& host, const std::string& path) {
     return host.State()["advancedOptions"][path]["value"];
 }
 
-TEST(Troubleshooting, CorlaShellToggledOnAndOff) {
-    Console c(Roomy());
+TEST(Troubleshooting, WholeTitlesAtEightyByTwentyFiveAndBothServicesToggled) {
+    Console c({.rows = 25, .cols = 80});
     const TestHost& host = c.Host();
     OpenTroubleshooting(c);
-    EXPECT_TRUE(c->View().Contains("Troubleshooting Mode Options"));
-    EXPECT_TRUE(c->View().Contains("Corla Shell is Disabled"));
-    EXPECT_TRUE(c->View().Contains("<Up/Down> Select"));
-    EXPECT_TRUE(c->View().Contains("<Enter> Change"));
+    for (const char* text :
+         {"Troubleshooting Mode Options", "Enable Corla Shell", "Enable SSH",
+          "Modify Corla Shell and SSH timeouts", "Modify TARN idle timeout", "Restart Management Agents",
+          "Corla Shell is Disabled", "<Up/Down> Select", "<Enter> Change"})
+        EXPECT_TRUE(c->View().Contains(text)) << text << "\n" << c->View().Text();
     SaveScreenshot(c->View(), "troubleshooting");
 
     size_t before = host.ToolCalls().size();
@@ -67,12 +68,11 @@ TEST(Troubleshooting, CorlaShellToggledOnAndOff) {
     ASSERT_TRUE(c->WaitForTextSettled("Corla Shell is Enabled", 50ms)) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("Disable Corla Shell"));
     // root is refused by the default host's kelp-cmd and each action is run again as the service account.
-    EXPECT_EQ(CallsSince(host, before), (Calls{{"kelp-cmd", "-U", "root", "hostsvc/start_corla_shell"},
-                                               {"kelp-cmd", "-U", "tarn", "hostsvc/start_corla_shell"},
-                                               {"kelp-cmd", "-U", "root", "hostsvc/enable_corla_shell"},
-                                               {"kelp-cmd", "-U", "tarn", "hostsvc/enable_corla_shell"},
-                                               {"/etc/init.d/CorlaShell", "status"},
-                                               {"/etc/init.d/SSH", "status"}}));
+    EXPECT_EQ(Actions(CallsSince(host, before)),
+              (Calls{{"kelp-cmd", "-U", "root", "hostsvc/start_corla_shell"},
+                     {"kelp-cmd", "-U", "tarn", "hostsvc/start_corla_shell"},
+                     {"kelp-cmd", "-U", "root", "hostsvc/enable_corla_shell"},
+                     {"kelp-cmd", "-U", "tarn", "hostsvc/enable_corla_shell"}}));
     EXPECT_EQ(host.State()["services"]["CorlaShell"], (nlohmann::json{{"running", true}, {"enabled", true}}));
     EXPECT_EQ(host.SyslogMatching("User root enabled Corla Shell").size(), 1u);
 
@@ -82,36 +82,20 @@ TEST(Troubleshooting, CorlaShellToggledOnAndOff) {
     EXPECT_EQ(host.State()["services"]["CorlaShell"],
               (nlohmann::json{{"running", false}, {"enabled", false}}));
     EXPECT_EQ(host.SyslogMatching("User root disabled Corla Shell").size(), 1u);
-}
 
-TEST(Troubleshooting, SshWithKelpCmdFailingUsesTheInitScriptAndStillSetsTheFirewall) {
-    TestHost host("default");
-    host.ChangeState([](nlohmann::json& s) {
-        s["firewall"]["rulesets"][0]["enabled"] = false;
-        s["simulation"]["failing"] = {"kelp-cmd hostsvc/start_ssh"};
-    });
-    Console c(host, Roomy());
-    OpenTroubleshooting(c);
+    // SSH: its title and state line follow too (its fallbacks and firewall are the unit tests').
     Select(c, "Change current state of SSH");
     EXPECT_TRUE(c->View().Contains("SSH is Disabled"));
-    size_t before = host.ToolCalls().size();
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("SSH is Enabled", 50ms)) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("Disable SSH"));
-    const Calls calls = CallsSince(host, before);
-    EXPECT_TRUE(Called(calls, {"/etc/init.d/SSH", "start"})) << nlohmann::json(calls).dump();
-    EXPECT_TRUE(Called(calls, {"kelp-cmd", "-U", "tarn", "hostsvc/enable_ssh"}));
-    const auto state = host.State();
-    EXPECT_EQ(state["services"]["SSH"], (nlohmann::json{{"running", true}, {"enabled", true}}));
-    EXPECT_EQ(state["firewall"]["rulesets"][0]["enabled"], true);
-    EXPECT_EQ(host.SyslogMatching("Unable to run kelp-cmd to start/stop ssh").size(), 1u);
-    EXPECT_EQ(host.SyslogMatching("User root enabled SSH").size(), 1u);
+    EXPECT_EQ(host.State()["services"]["SSH"], (nlohmann::json{{"running", true}, {"enabled", true}}));
 }
 
-TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
-    TestHost host("default");
-    host.ChangeState([](nlohmann::json& s) { s["services"]["SSH"]["running"] = true; });
-    Console c(host, Roomy());
+// Which commands a time-out runs, and which services it restarts, are the unit tests'; here the dialog.
+TEST(Troubleshooting, ShellTimeoutsTakeDigitsRefuse1441AndShowWhatIsStored) {
+    Console c(Roomy());
+    const TestHost& host = c.Host();
     OpenTroubleshooting(c);
     Select(c, "Modify the number of minutes that can elapse");
     c->Key("Enter");
@@ -119,7 +103,6 @@ TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
     SaveScreenshot(c->View(), "shell-timeouts");
 
     // 1440 for the availability, 1441 for the idle time-out: the first is written, the second refused.
-    size_t before = host.ToolCalls().size();
     c->Type("1440x");
     c->Key("Down");
     c->Type("1441");
@@ -130,29 +113,19 @@ TEST(Troubleshooting, ShellTimeoutsInSecondsRestartOnlyRunningServices) {
     ASSERT_TRUE(c->WaitForTextGone("Invalid timeout value")) << c->View().Text();
     ASSERT_TRUE(c->WaitForTextSettled("Modify the number of minutes", 50ms)) << c->View().Text();
     EXPECT_FALSE(c->View().Contains("Availability timeout"));
-    Calls calls = CallsSince(host, before);
-    // Written first, then only the running SSH restarted.
-    EXPECT_EQ(Actions(calls), (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
-                                      "/UserVars/CorlaShellTimeOut", "-i", "86400"},
-                                     {"/etc/init.d/SSH", "restart"}}));
-    EXPECT_TRUE(Called(calls, {"/etc/init.d/SSH", "status"}));
     EXPECT_EQ(Option(host, "/UserVars/CorlaShellTimeOut"), 86400);
     EXPECT_EQ(Option(host, "/UserVars/CorlaShellInteractiveTimeOut"), 0);
-    EXPECT_EQ(host.SyslogMatching("Modified Shell timeout to 1440 minutes").size(), 1u);
 
-    // Again: the stored value shows, entering it again runs nothing; the idle time-out restarts nothing.
+    // Again: the stored value shows; the idle time-out typed over its shown 0.
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Availability timeout", 50ms)) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("1440"));
-    before = host.ToolCalls().size();
     c->Key("Down");
     c->Type("5");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextGone("Availability timeout")) << c->View().Text();
     ASSERT_TRUE(WaitForSyslog(c, "Modified shell interactive timeout to 5 minutes"));
-    calls = Actions(CallsSince(host, before));
-    EXPECT_EQ(calls, (Calls{{"corlacli", "system", "settings", "advanced", "set", "-o",
-                             "/UserVars/CorlaShellInteractiveTimeOut", "-i", "300"}}));
+    EXPECT_EQ(Option(host, "/UserVars/CorlaShellInteractiveTimeOut"), 300);
 }
 
 TEST(Troubleshooting, ConsoleTimeoutRefuses1441AndStores1440InSeconds) {
@@ -179,23 +152,6 @@ TEST(Troubleshooting, ConsoleTimeoutRefuses1441AndStores1440InSeconds) {
         }
         ASSERT_TRUE(c->WaitForTextSettled("Modify the number of idle minutes", 50ms)) << c->View().Text();
     }
-}
-
-// Slow: the shortest idle time-out is one minute.
-TEST(TroubleshootingSlow, ConsoleTimeoutOfOneMinuteLogsTheIdleSessionOut) {
-    Console c(Roomy());
-    const TestHost& host = c.Host();
-    OpenTroubleshooting(c);
-    Select(c, "Modify the number of idle minutes");
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
-    c->Type("1");
-    c->Key("Enter");
-    ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1 minutes"));
-    ASSERT_TRUE(c->WaitForTextGone("Troubleshooting Mode Options", 75s)) << c->View().Text();
-    EXPECT_TRUE(c->WaitForText("To manage this host"));
-    EXPECT_EQ(host.SyslogMatching("User root logged out due to time out").size(), 1u);
-    EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 60);
 }
 
 TEST(Troubleshooting, RestartAgentsWithAndWithoutTheLiveCore) {
