@@ -13,7 +13,7 @@ namespace {
 
 using Calls = std::vector<std::vector<std::string>>;
 
-constexpr const char* kTroubleshootingPane = "To view various troubleshooting mode options";
+constexpr const char* kTroubleshootingPane = "To view various troubleshooting";
 constexpr const char* kResetPane = "All system parameters will be reverted";
 
 Calls CallsSince(const TestHost& host, size_t before) {
@@ -39,7 +39,7 @@ void OpenTroubleshooting(Console& c) {
     LogInAsRoot(c);
     MoveTo(c, kTroubleshootingPane);
     c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextSettled("Change current state of the Corla Shell", 100ms)) << c->View().Text();
+    ASSERT_TRUE(c->WaitForTextSettled("Change current state of the", 100ms)) << c->View().Text();
 }
 
 // Moves down the troubleshooting list to the entry whose pane shows `paneText`, settled for typing.
