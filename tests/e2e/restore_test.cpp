@@ -156,7 +156,7 @@ TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
 
 TEST(Restore, RestoreKdsThenMigrateTheManagementTesnicOnDvs) {
     Console c(Roomy("dvs"));
-    const SimHost& host = c.Host();
+    const TestHost& host = c.Host();
     OpenRestoreOptions(c);
     Select(c, "Reconfigure properties of misconfigured kDS");
     c->Key("Enter");
@@ -168,7 +168,7 @@ TEST(Restore, RestoreKdsThenMigrateTheManagementTesnicOnDvs) {
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Operation Succeeded")) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("hlp-1")) << c->View().Text();
-    auto state = host.HostJson();
+    auto state = host.State();
     EXPECT_EQ(state["tesnics"][0]["connection"]["port"], "hlp-1");
     const auto& port = state["distributedSwitches"][0]["ports"].back();
     EXPECT_EQ(port["vlan"], 20);
@@ -182,7 +182,7 @@ TEST(Restore, RestoreKdsThenMigrateTheManagementTesnicOnDvs) {
     ASSERT_TRUE(c->WaitForTextSettled("Tessel NIC:")) << c->View().Text();
     c->Key("Enter"); // tes0 and the only port group, VM Network, are chosen
     ASSERT_TRUE(c->WaitForTextSettled("Migrated tes0 to port group VM Network.")) << c->View().Text();
-    state = host.HostJson();
+    state = host.State();
     EXPECT_EQ(state["tesnics"][0]["connection"]["portGroup"], "VM Network");
     EXPECT_TRUE(state["services"]["bryn-opsagent"]["running"].get<bool>());
     EXPECT_EQ(state["services"]["stewd"]["refreshes"], 2);
