@@ -1,5 +1,6 @@
-// tarn_bench: the console against the reference curses program, interleaved round by round, medians and
-// ratios. Run through scripts/bench; it is a measurement, not a test.
+// tarn_bench: the console against the reference curses program, interleaved round by round: medians, the
+// spread over the rounds, ratios, and for every measured key its bytes next to the floor (Floor.h). Run
+// through scripts/bench; it is a measurement, not a test.
 #include "BenchOptions.h"
 #include "RunMeasure.h"
 
@@ -27,21 +28,48 @@ const std::vector<Metric>& Metrics() {
         {"bytes of first paint", "B", [](const RunSample& s) { return s.paintBytes; }},
         {"key to settled repaint", "ms", [](const RunSample& s) { return s.keyMs; }},
         {"bytes per key", "B", [](const RunSample& s) { return s.keyBytes; }},
-        {"peak RSS (VmHWM)", "KiB", [](const RunSample& s) { return s.peakRssKb; }},
+        {"peak RSS, first screen", "KiB", [](const RunSample& s) { return s.firstPeakRssKb; }},
+        {"peak RSS (VmHWM) at the end", "KiB", [](const RunSample& s) { return s.peakRssKb; }},
         {"peak RSS (wait4)", "KiB", [](const RunSample& s) { return s.maxRssKb; }},
-        {"idle CPU time", "ms", [](const RunSample& s) { return s.idleCpuMs; }},
-        {"idle voluntary ctx switches", "", [](const RunSample& s) { return s.idleVoluntary; }},
-        {"idle involuntary ctx switches", "", [](const RunSample& s) { return s.idleInvoluntary; }},
-        {"idle bytes written", "B", [](const RunSample& s) { return s.idleBytes; }},
+        {"idle CPU time", "ms", [](const RunSample& s) { return s.idleFirst.cpuMs; }},
+        {"idle voluntary ctx switches", "", [](const RunSample& s) { return s.idleFirst.voluntary; }},
+        {"idle involuntary ctx switches", "", [](const RunSample& s) { return s.idleFirst.involuntary; }},
+        {"idle bytes written", "B", [](const RunSample& s) { return s.idleFirst.bytes; }},
+        {"idle CPU, later screen", "ms", [](const RunSample& s) { return s.idleLater.cpuMs; }},
+        {"idle wake-ups, later screen", "", [](const RunSample& s) { return s.idleLater.voluntary; }},
     };
     return metrics;
 }
 
-std::string Join(const std::vector<std::string>& keys) {
-    std::string out;
-    for (const auto& k : keys)
-        out += (out.empty() ? "" : ",") + k;
-    return out;
+std::string Range(const std::vector<double>& v, int decimals = 1) {
+    if (v.empty())
+        return "-";
+    char text[48];
+    std::snprintf(text, sizeof text, "%.*f-%.*f", decimals, *std::min_element(v.begin(), v.end()), decimals,
+                  *std::max_element(v.begin(), v.end()));
+    return text;
+}
+
+void PrintKeys(const bench::Program& program, const std::vector<RunSample>& runs) {
+    std::printf("\n%s: per key, medians over the runs (ms range over the runs)\n", program.name.c_str());
+    std::printf("%-34s %8s %13s %8s %8s %6s %5s\n", "phase: key", "ms", "ms range", "bytes", "floor", "ratio",
+                "rows");
+    for (const auto* phases : {&program.first, &program.later})
+        for (const auto& phase : *phases)
+            for (const auto& key : phase.keys) {
+                const std::string label = bench::Label(phase, key);
+                std::vector<double> ms, bytes, floor, rows;
+                for (const auto& s : runs)
+                    if (auto it = s.keys.find(label); it != s.keys.end()) {
+                        ms.push_back(it->second.ms);
+                        bytes.push_back(it->second.bytes);
+                        floor.push_back(it->second.floor);
+                        rows.push_back(it->second.rows);
+                    }
+                const double b = Median(bytes), f = Median(floor);
+                std::printf("%-34s %8.2f %13s %8.0f %8.0f %6.2f %5.0f\n", label.c_str(), Median(ms),
+                            Range(ms).c_str(), b, f, f > 0 ? b / f : 0.0, Median(rows));
+            }
 }
 
 } // namespace
@@ -56,19 +84,19 @@ int main(int argc, char** argv) {
     }
     std::printf("tarn_bench: %d rounds, %dx%d, TERM=%s, quiet %d ms, idle %.0f s, %d key cycles\n", o.rounds,
                 o.cols, o.rows, o.term.c_str(), o.quietMs, o.idleSeconds, o.keyCycles);
-    std::printf("keys: reference [%s], tarn [%s]\n", Join(o.reference.keys).c_str(),
-                Join(o.tarn.keys).c_str());
     std::vector<RunSample> ref, tarn;
+    std::vector<double> startupRatios; // per round, when both runs completed
     int missingKeys[2] = {0, 0};
     for (int round = 1; round <= o.rounds; ++round) {
         // Interleaved, and the order alternates, so that drift of the machine hits both alike.
         const bool tarnFirst = round % 2 == 0;
+        double startup[2] = {0, 0};
         for (int k = 0; k < 2; ++k) {
             const bool isTarn = (k == 0) == tarnFirst;
             const bench::Program& program = isTarn ? o.tarn : o.reference;
             RunSample s;
             try {
-                s = bench::MeasureRun(program, o);
+                s = bench::MeasureRun(program, o, isTarn && o.showScreens && tarn.empty());
             } catch (const std::exception& e) {
                 s.failure = e.what();
             }
@@ -76,9 +104,14 @@ int main(int argc, char** argv) {
                 std::fprintf(stderr, "round %d %s: %s\n", round, program.name.c_str(), s.failure.c_str());
                 continue;
             }
+            for (const auto& screen : s.screens)
+                std::printf("%s\n\n", screen.c_str());
             missingKeys[isTarn] += s.keysWithoutOutput;
+            startup[isTarn] = s.startupMs;
             (isTarn ? tarn : ref).push_back(s);
         }
+        if (startup[0] > 0 && startup[1] > 0)
+            startupRatios.push_back(startup[1] / startup[0]);
         std::printf("round %d done\n", round);
         std::fflush(stdout);
     }
@@ -86,8 +119,10 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "no complete runs of %s\n", ref.empty() ? "the reference" : "tarn");
         return 1;
     }
-    std::printf("\nmedians over %zu reference and %zu tarn runs\n", ref.size(), tarn.size());
-    std::printf("%-32s %6s %12s %12s %10s\n", "metric", "unit", "reference", "tarn", "tarn/ref");
+    std::printf("\nmedians over %zu reference and %zu tarn runs, and their ranges\n", ref.size(),
+                tarn.size());
+    std::printf("%-30s %4s %9s %13s %9s %13s %8s\n", "metric", "unit", "reference", "range", "tarn", "range",
+                "tarn/ref");
     for (const auto& m : Metrics()) {
         std::vector<double> a, b;
         for (const auto& s : ref)
@@ -98,23 +133,15 @@ int main(int argc, char** argv) {
         char ratio[32] = "-";
         if (ma > 0)
             std::snprintf(ratio, sizeof ratio, "%.2f", mb / ma);
-        std::printf("%-32s %6s %12.1f %12.1f %10s\n", m.name, m.unit, ma, mb, ratio);
+        std::printf("%-30s %4s %9.1f %13s %9.1f %13s %8s\n", m.name, m.unit, ma, Range(a).c_str(), mb,
+                    Range(b).c_str(), ratio);
     }
-    // Each key on its own (a key that opens a dialog and one that closes it cost differently).
-    for (const auto* runs : {&ref, &tarn}) {
-        const bool isTarn = runs == &tarn;
-        for (const auto& key : (isTarn ? o.tarn : o.reference).keys) {
-            std::vector<double> ms, bytes;
-            for (const auto& s : *runs)
-                if (s.perKeyMs.count(key)) {
-                    ms.push_back(s.perKeyMs.at(key));
-                    bytes.push_back(s.perKeyBytes.at(key));
-                }
-            std::printf("%-9s key %-12s %8.2f ms %8.0f B\n", isTarn ? "tarn" : "reference", key.c_str(),
-                        Median(ms), Median(bytes));
-        }
-    }
+    std::printf("start-up ratio per round: median %.2f, range %s\n", Median(startupRatios),
+                Range(startupRatios, 2).c_str());
+    PrintKeys(o.reference, ref);
+    PrintKeys(o.tarn, tarn);
     if (missingKeys[0] || missingKeys[1])
-        std::printf("keys without any repaint: reference %d, tarn %d\n", missingKeys[0], missingKeys[1]);
+        std::printf("keys without a settled repaint: reference %d, tarn %d\n", missingKeys[0],
+                    missingKeys[1]);
     return 0;
 }
