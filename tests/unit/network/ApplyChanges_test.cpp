@@ -188,6 +188,46 @@ TEST_F(ApplyChangesTest, AFailingStageIsReportedAndTheRestStillApplies) {
     }
 }
 
+// The interface operations after the addresses: a lease renewal (DHCP kept while the uplinks change) and the
+// restart after a VLAN change. A failure is shown with the interface prefix, what was done stays done, and
+// the resolver stages still run.
+TEST_F(ApplyChangesTest, AFailedRenewalOrInterfaceRestartIsShownAndTheResolverStillApplies) {
+    const std::string message = "Operation on the management network interface failed. simulated failure";
+    for (const char* failing : {"hostctl RenewDhcpLease", "hostctl Enable"}) {
+        SCOPED_TRACE(failing);
+        const bool renewal = failing == std::string("hostctl RenewDhcpLease");
+        SetUp();
+        host_.Write("/var/log/simhost-calls.log", "");
+        host_.ChangeState([&](Json& s) {
+            s["simulation"]["failing"] = {failing};
+            for (const char* config : {"stored", "running"})
+                s["tesnics"][0][config]["dhcp"] = renewal;
+        });
+        feedback_.events.clear();
+        Open();
+        if (renewal)
+            pending_.TakeAdapters({{"nicx1", "nicx0"}, 2});
+        else
+            pending_.TakeVlan(5);
+        pending_.TakeSuffixes("a.test");
+        Apply();
+
+        EXPECT_EQ(feedback_.events, (std::vector<std::string>{"error: " + message, "refresh"}));
+        EXPECT_TRUE(host_.Logged(message));
+        EXPECT_TRUE(host_.Logged(renewal ? "Renew DHCP lease on tes0"
+                                         : "Changed vlan, restarting management interface"));
+        EXPECT_EQ(HostCalls().back(), "SaveDnsConfig");
+        const Json state = host_.State();
+        EXPECT_EQ(state["dns"]["search"].back(), "a.test");
+        if (renewal) {
+            EXPECT_EQ(state["standardSwitches"][0]["uplinks"], Json::parse(R"(["nicx0", "nicx1"])"));
+        } else {
+            EXPECT_EQ(state["standardSwitches"][0]["portGroups"][0]["vlan"], 5);
+            EXPECT_FALSE(state["tesnics"][0]["enabled"]) << "the taken-down interface is not brought back";
+        }
+    }
+}
+
 TEST_F(ApplyChangesTest, DistributedSwitchSkipsUplinksAndVlanAndDhcpTakesALease) {
     host_.ChangeState([](Json& s) {
         s["tesnics"][0]["connection"] = {{"type", 2}, {"switch", "kDS-1"}, {"port", "10"}};
