@@ -172,7 +172,7 @@ Json Load(const std::string& dir) {
     return ReadUnlocked(dir);
 }
 
-Json Transact(const std::string& dir, const std::function<void(Json&)>& change) {
+Json Transact(const std::string& dir, const std::function<void(Json&)>& change, struct stat* written) {
     FileLock lock(dir, LOCK_EX);
     Json state = ReadUnlocked(dir);
     try {
@@ -182,6 +182,8 @@ Json Transact(const std::string& dir, const std::function<void(Json&)>& change) 
         throw StoreError(InvalidState(dir, e.what()));
     }
     WriteUnlocked(dir, state);
+    if (written != nullptr && stat(StatePath(dir).c_str(), written) != 0)
+        written->st_ino = 0;
     return state;
 }
 

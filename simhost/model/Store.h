@@ -7,6 +7,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
 
 namespace SimHost {
 
@@ -24,8 +25,10 @@ std::string StatePath(const std::string& dir);
 Json Load(const std::string& dir);
 
 // Runs `change` on the current state and stores the result atomically; returns the stored state. A value of
-// the wrong type met by `change` is a StoreError that names the file; nothing is written then.
-Json Transact(const std::string& dir, const std::function<void(Json&)>& change);
+// the wrong type met by `change` is a StoreError that names the file; nothing is written then. `written`,
+// when given, receives the status of the file just written, taken under the lock (st_ino 0 if unknown).
+Json Transact(const std::string& dir, const std::function<void(Json&)>& change,
+              struct stat* written = nullptr);
 
 // Writes a whole new state (used when a host is created).
 void Save(const std::string& dir, const Json& state);

@@ -63,8 +63,20 @@ Json Change(const std::function<void(Json&)>& change) {
         gCache.size = -1;
     }
     try {
-        Json stored = SimHost::Transact(HostRoot(), change);
+        struct stat written {};
+        Json stored = SimHost::Transact(HostRoot(), change, &written);
         SimHost::DropUsers(stored);
+        // What was just written is what the next read would parse: an apply stage that reads after its
+        // change (the gateway after the addresses) reads the file once, not twice.
+        if (written.st_ino != 0) {
+            std::lock_guard<std::mutex> lock(gCacheMutex);
+            gCache = {SimHost::StatePath(HostRoot()),
+                      written.st_dev,
+                      written.st_ino,
+                      written.st_mtim,
+                      written.st_size,
+                      std::make_shared<const Json>(stored)};
+        }
         return stored;
     } catch (const SimHost::StoreError& e) {
         throw HostCtl::Lib::HostCtlException(e.what());
