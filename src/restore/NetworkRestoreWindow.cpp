@@ -8,9 +8,20 @@
 #include "ui/TextIds.h"
 
 namespace Tarn {
+namespace {
+
+// The list is as wide as "Migrate Tessel NIC to Standard Switch" needs.
+int WidestEntryTitle(const Frame& frame) {
+    std::vector<unsigned> ids;
+    for (const RestoreEntry& e : BuildRestoreEntries({}))
+        ids.push_back(e.titleId);
+    return WidestText(frame, ids);
+}
+
+} // namespace
 
 NetworkRestoreWindow::NetworkRestoreWindow(Frame* parent)
-    : ListSummaryWindow(parent, parent->Text(TextId::NetworkRestoreOptionsTitle)) {
+    : ListSummaryWindow(parent, parent->Text(TextId::NetworkRestoreOptionsTitle), WidestEntryTitle(*parent)) {
     // Both tests ask the host (one runs a command): once per visit of the screen.
     RestoreConditions conditions;
     conditions.opsAgentActive = BrynOpsAgentActive();

@@ -12,7 +12,7 @@ void OpenRestoreOptions(Console& c) {
     LogInAsRoot(c);
     MoveTo(c, kRestorePane);
     c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextSettled("Create a new standard virtual switch")) << c->View().Text();
+    ASSERT_TRUE(c->WaitForTextSettled("Create a new standard virtual")) << c->View().Text();
 }
 
 // Moves down in the restore screen until the pane shows `text`.
@@ -129,16 +129,17 @@ TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
     ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
     EXPECT_EQ(host.State()["standardSwitches"].size(), 1u);
     c->Key("Esc");
-    EXPECT_TRUE(c->WaitForTextSettled("Create a new standard virtual switch")) << c->View().Text();
+    EXPECT_TRUE(c->WaitForTextSettled("Create a new standard virtual")) << c->View().Text();
 }
 
 TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
     Console c({.scenario = "default", .rows = 25, .cols = 80});
     OpenRestoreOptions(c);
-    // At 80 columns: the heading, and the footer whole. The management network is on a standard switch,
-    // so the cursor cannot reach the two entries below the factory restore.
+    // At 80 columns: the heading, the entry names and the footer whole. The management network is on a
+    // standard switch, so the cursor cannot reach the two entries below the factory restore.
     EXPECT_EQ(c->View().Find("Network Restore Options")->row, 0) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("<Esc> Exit")) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("Migrate Tessel NIC to Standard Switch")) << "the list shows whole names";
     Select(c, "Restoring the network settings");
     c->Key("Down");
     EXPECT_TRUE(c->WaitQuiet(100ms));
