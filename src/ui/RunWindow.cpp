@@ -4,6 +4,7 @@
 #include "core/EventLoop.h"
 #include "core/Keys.h"
 #include "ui/DialogSize.h"
+#include "ui/ScreenUpdate.h"
 #include "ui/StandardDialogs.h"
 #include "ui/Window.h"
 
@@ -21,18 +22,23 @@ int RunNotification(NotificationDialog* dialog) {
 int RunWindow(Frame* frame) {
     SetNotifiedSurface(nullptr);
     Frame* parent = frame->ParentFrame();
-    if (parent != nullptr) {
-        parent->Draw(false);
-        parent->Refresh();
-    }
     // A plain notification's run is built in; its texts go in before the first draw.
     auto* notification = frame->HasForeground() ? nullptr : dynamic_cast<NotificationDialog*>(frame);
-    if (notification != nullptr) {
-        notification->SetTitle(notification->TitleText());
-        notification->SetBody(notification->BodyText());
-        notification->SetFooter(kEnterOkFooter);
+    {
+        // The dimmed parent and the new frame go out as one update: the cells the frame covers are sent
+        // once, in their final look (nothing of the parent behind a full-screen frame).
+        ScreenUpdate update;
+        if (parent != nullptr) {
+            parent->Draw(false);
+            parent->Refresh();
+        }
+        if (notification != nullptr) {
+            notification->SetTitle(notification->TitleText());
+            notification->SetBody(notification->BodyText());
+            notification->SetFooter(kEnterOkFooter);
+        }
+        frame->Draw(true);
     }
-    frame->Draw(true);
     SetNotifiedSurface(frame);
 
     int result;

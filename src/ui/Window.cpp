@@ -96,6 +96,10 @@ Window::Window(int column, int row, int width, int height, int background, int f
       background_(background == -1 ? 0 : background), foreground_(foreground == -1 ? 7 : foreground) {
     if (width > 0 && height > 0)
         win_ = newwin(height, width, row, column);
+    // Curses marks a new full-screen window for clearing, which would send the whole screen again when it
+    // first shows: what it covers is known, so only the cells that differ need to go out.
+    if (win_ != nullptr)
+        clearok(win_, FALSE);
 }
 
 Window::Window(Window* parent, int column, int row, int width, int height, int background, int foreground)
