@@ -138,6 +138,18 @@ TEST(LinuxParsers, NetworkdLinkDescription) {
     EXPECT_EQ(Dhcp4Address(ParseNetworkdLink(R"({"Name":"x"})")), nullptr);
     for (const char* bad : {"", "[]", "{\"Index\":1}", "{\"Name\":", "null"})
         EXPECT_THROW(ParseNetworkdLink(bad), std::runtime_error) << bad;
+
+    // Members of the wrong type count as absent instead of escaping as the JSON library's type errors.
+    NetworkdLink odd = ParseNetworkdLink(R"({"Name":"e0","SetupState":5,"NetworkFile":[],"Addresses":[
+          {"Family":1e+28,"Address":[10,0,0,1]},
+          {"Family":2,"Address":[10,0,0,4294967297],"PrefixLength":24},
+          {"Family":2,"Address":[10,0,0,2],"PrefixLength":1e+28,"ConfigSource":7}]})");
+    EXPECT_FALSE(odd.managed);
+    EXPECT_EQ(odd.networkFile, "");
+    ASSERT_EQ(odd.addresses.size(), 1u) << "a float family and a byte beyond 32 bits are refused";
+    EXPECT_EQ(odd.addresses[0].address, "10.0.0.2");
+    EXPECT_EQ(odd.addresses[0].prefixLength, 0);
+    EXPECT_EQ(odd.addresses[0].source, "");
 }
 
 TEST(LinuxParsers, HostConfig) {
