@@ -125,7 +125,9 @@ TEST(LinuxNetworkModel, ManagementAddressesAndGateways) {
     EXPECT_EQ(m.routes.ipv6Gateway.GetScopedStringAddress(), "fe80::fe%br0");
 
     // A NIC without any IPv4 address and no DHCP is set up for no IPv4 at all, not for 0.0.0.0.
-    const auto* u0 = TesNic(MapNetwork(Host(), {.management = "", .nics = {"u0"}, .problems = {}}, {}), "u0");
+    const MappedNetwork unmanaged =
+        MapNetwork(Host(), {.management = "", .nics = {"u0"}, .problems = {}}, {});
+    const auto* u0 = TesNic(unmanaged, "u0");
     ASSERT_NE(u0, nullptr);
     EXPECT_TRUE(u0->stored.GetIpv4UseNone());
 
