@@ -24,27 +24,27 @@ constexpr int kFirstRow = 2; // below the name field and the header
 
 } // namespace
 
-bool RunMarkedRowForm(Frame* parent, const MarkedRowForm& spec) {
-    InputItem name(spec.nameLabel, "", -1, FieldFilter::Text);
-    LabelItem header(spec.header, false);
-    LabelItem none(spec.noRows, false);
+bool RunMarkedRowForm(Frame* parent, const MarkedRowForm& definition) {
+    InputItem name(definition.nameLabel, "", -1, FieldFilter::Text);
+    LabelItem header(definition.header, false);
+    LabelItem none(definition.noRows, false);
     std::vector<std::unique_ptr<RadioItem>> rows;
     std::vector<Item*> items = {&name, &header};
-    for (size_t i = 0; i < spec.rows.size(); ++i) {
-        rows.push_back(std::make_unique<RadioItem>(spec.rows[i], i == 0));
+    for (size_t i = 0; i < definition.rows.size(); ++i) {
+        rows.push_back(std::make_unique<RadioItem>(definition.rows[i], i == 0));
         items.push_back(rows.back().get());
     }
     if (rows.empty())
         items.push_back(&none);
 
-    FormDialog form(parent, {80, 20, 6}, spec.title, spec.body, kMarkFooter);
+    FormDialog form(parent, {80, 20, 6}, definition.title, definition.body, kMarkFooter);
     form.SetItems(items);
     form.SetShowCursor(true);
     bool done = false;
     form.SetKeyHook([&](int key) {
         const int row = form.List()->FocusIndex() - kFirstRow;
         if ((key == 'D' || key == 'd') && row >= 0 && row < static_cast<int>(rows.size())) {
-            spec.showDetails(form, row);
+            definition.showDetails(form, row);
             return FormKey::Used;
         }
         if (key != Key::Enter)
@@ -53,7 +53,7 @@ bool RunMarkedRowForm(Frame* parent, const MarkedRowForm& spec) {
         for (size_t i = 0; i < rows.size(); ++i)
             if (rows[i]->Chosen())
                 marked = static_cast<int>(i);
-        done = spec.accept(form, name.Value(), marked);
+        done = definition.accept(form, name.Value(), marked);
         return done ? FormKey::Cancel : FormKey::Used;
     });
     form.Run();
