@@ -128,33 +128,22 @@ TEST(Troubleshooting, ShellTimeoutsTakeDigitsRefuse1441AndShowWhatIsStored) {
     EXPECT_EQ(Option(host, "/UserVars/CorlaShellInteractiveTimeOut"), 300);
 }
 
-TEST(Troubleshooting, ConsoleTimeoutRefuses1441AndStores1440InSeconds) {
+// The refusal of 1441 is the shell time-outs' dialog above and a unit table; here the field's width.
+TEST(Troubleshooting, ConsoleTimeoutStores1440InSeconds) {
     Console c(Roomy());
     const TestHost& host = c.Host();
     OpenTroubleshooting(c);
     Select(c, "Modify the number of idle minutes");
-    // Typed over the shown value; the input takes five characters, so the last "9" of "014409" is dropped.
-    for (const char* typed : {"1441", "014409"}) {
-        SCOPED_TRACE(typed);
-        c->Key("Enter");
-        ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
-        c->Type(typed);
-        c->Key("Enter");
-        if (std::string(typed) == "1441") {
-            ASSERT_TRUE(c->WaitForTextSettled("Invalid timeout value", 50ms)) << c->View().Text();
-            c->Key("Enter");
-            ASSERT_TRUE(c->WaitForTextGone("Invalid timeout value")) << c->View().Text();
-            EXPECT_FALSE(c->View().Contains("Set idle timeout for TARN access"));
-            EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 600);
-        } else {
-            ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1440 minutes"));
-            EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 86400);
-        }
-        ASSERT_TRUE(c->WaitForTextSettled("Modify the number of idle minutes", 50ms)) << c->View().Text();
-    }
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
+    // Typed over the shown value; the input takes five characters, so the last "9" is dropped.
+    c->Type("014409");
+    c->Key("Enter");
+    ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1440 minutes"));
+    EXPECT_EQ(Option(host, "/UserVars/TarnTimeOut"), 86400);
 }
 
-TEST(Troubleshooting, RestartAgentsWithAndWithoutTheLiveCore) {
+TEST(Troubleshooting, RestartAgentsEscRunsNothingF11WithTheLiveCore) {
     TestHost host("default");
     host.ChangeState([](nlohmann::json& s) { s["simulation"]["failing"] = {"svcctl.sh stop"}; });
     Console c(host, Roomy());
@@ -173,36 +162,27 @@ TEST(Troubleshooting, RestartAgentsWithAndWithoutTheLiveCore) {
     EXPECT_TRUE(Actions(CallsSince(host, before)).empty());
     EXPECT_TRUE(Events(host).empty());
 
-    for (bool collect : {false, true}) {
-        SCOPED_TRACE(collect);
-        ASSERT_TRUE(c->WaitForTextSettled("The management agents are the programs", 50ms));
-        before = host.ToolCalls().size();
-        c->Key("Enter");
-        ASSERT_TRUE(c->WaitForTextSettled("Restart management agents now?", 50ms)) << c->View().Text();
-        if (collect) {
-            c->Type(" ");
-            ASSERT_TRUE(c->WaitForText("[X] Collect extra troubleshooting information")) << c->View().Text();
-        }
-        c->Key("F11");
-        ASSERT_TRUE(c->WaitForTextSettled("Starting management agents. Done.", 50ms)) << c->View().Text();
-        // The stop fails on this host, and still reads "Done.".
-        EXPECT_TRUE(c->View().Contains("Stopping management agents. Done."));
-        EXPECT_EQ(c->View().Contains("Collecting host agent live core information. Done."), collect);
-        if (collect)
-            SaveScreenshot(c->View(), "restart-agents");
-        Calls calls = CallsSince(host, before);
-        EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "stop"}));
-        EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "start"}));
-        bool backtrace = false;
-        for (const auto& call : calls)
-            backtrace |= call[0].ends_with("/sbin/tesbacktrace");
-        EXPECT_EQ(backtrace, collect) << nlohmann::json(calls).dump();
-        c->Key("Enter");
-        ASSERT_TRUE(c->WaitForTextGone("Starting management agents.")) << c->View().Text();
-    }
+    // The run without the live core is a unit test (AgentRestart).
+    ASSERT_TRUE(c->WaitForTextSettled("The management agents are the programs", 50ms));
+    before = host.ToolCalls().size();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Restart management agents now?", 50ms)) << c->View().Text();
+    c->Type(" ");
+    ASSERT_TRUE(c->WaitForText("[X] Collect extra troubleshooting information")) << c->View().Text();
+    c->Key("F11");
+    ASSERT_TRUE(c->WaitForTextSettled("Starting management agents. Done.", 50ms)) << c->View().Text();
+    // The stop fails on this host, and still reads "Done.".
+    EXPECT_TRUE(c->View().Contains("Stopping management agents. Done."));
+    EXPECT_TRUE(c->View().Contains("Collecting host agent live core information. Done."));
+    SaveScreenshot(c->View(), "restart-agents");
+    Calls calls = CallsSince(host, before);
+    EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "stop"}));
+    EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "start"}));
+    EXPECT_TRUE(std::ranges::any_of(calls, [](const auto& call) {
+        return call[0].ends_with("/sbin/tesbacktrace");
+    })) << nlohmann::json(calls).dump();
     EXPECT_EQ(Events(host),
-              std::vector<std::string>(2, "@&!*@*@(obe.user.tarn.restarting.hostagents)Restarting "
-                                          "host agents"));
+              std::vector<std::string>{"@&!*@*@(obe.user.tarn.restarting.hostagents)Restarting host agents"});
 }
 
 void OpenReset(Console& c) {

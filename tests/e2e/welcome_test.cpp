@@ -104,20 +104,6 @@ TEST(Welcome, DhcpLabelsAndWarningPrecedence) {
     }
 }
 
-TEST(Welcome, Ipv6AddressesSortedFourThenEllipsis) {
-    // Without a host-name line the seven-row box has room for the "..." line. (Exactly five, all shown, is
-    // a unit test of the lines.)
-    TestHost host("ipv6");
-    host.ChangeState([](nlohmann::json& s) { s["dns"]["hostname"] = "localhost"; });
-    Console c(host, Roomy());
-    ASSERT_TRUE(c->WaitForTextSettled(kReady)) << c->View().Text();
-    EXPECT_EQ(ManagementLines(c),
-              (std::vector<std::string>{
-                  "To manage this host, go to:", "https://192.0.2.10/ (STATIC)",
-                  "https://[2001:db8:1::12]/ (STATIC)", "https://[2001:db8::10]/ (STATIC)",
-                  "https://[2001:db8::11]/ (STATIC)", "https://[fe80::250:56ff:feaa:0]/ (AUTOCONF)", "..."}));
-}
-
 TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsRaisedOnce) {
     TestHost host("no-nics");
     host.ChangeState(
