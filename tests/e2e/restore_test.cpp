@@ -37,7 +37,7 @@ void StartFactoryRestore(Console& c) {
     c->Key("F11");
 }
 
-TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningChangesNothing) {
+TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningThenAFailingPowerOffKeepsTheNetwork) {
     Console c(Roomy("running-vms"));
     const TestHost& host = c.Host();
     const auto before = host.State();
@@ -46,27 +46,24 @@ TEST(Restore, FactoryRestoreDeclinedAtTheVmWarningChangesNothing) {
     ASSERT_TRUE(c->WaitForTextSettled("Host has VMs running.")) << c->View().Text();
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
-    const auto after = host.State();
+    auto after = host.State();
     for (const char* key : {"standardSwitches", "tesnics", "vms"})
         EXPECT_EQ(after[key], before[key]) << key;
     EXPECT_FALSE(after.contains("netDumper"));
     EXPECT_EQ(after["services"]["stewd"]["refreshes"], 0);
     EXPECT_EQ(Events(host).size(), events);
-}
 
-TEST(Restore, FailingPowerOffKeepsTheNetworkAndStillReports) {
-    Console c(Roomy("running-vms"));
-    const TestHost& host = c.Host();
     host.ChangeState([](nlohmann::json& s) { s["simulation"]["failing"] = {"haltGuests"}; });
-    const auto before = host.State();
-    StartFactoryRestore(c);
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("Are you sure you want to reset")) << c->View().Text();
+    c->Key("F11");
     ASSERT_TRUE(c->WaitForTextSettled("Host has VMs running.")) << c->View().Text();
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Powering Off VMs. Failed.")) << c->View().Text();
     EXPECT_FALSE(c->View().Contains("Auto-configuring network."));
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
-    const auto after = host.State();
+    after = host.State();
     EXPECT_EQ(after["tesnics"], before["tesnics"]);
     EXPECT_EQ(after["standardSwitches"], before["standardSwitches"]);
     EXPECT_EQ(after["netDumper"]["enabled"], false) << "switched off before the power-off was judged";
@@ -104,12 +101,8 @@ TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) 
         << c->View().Text();
     c->Key("F11");
     ASSERT_TRUE(c->WaitForTextSettled("Reconfigure properties of misconfigured kDS")) << c->View().Text();
-    const auto state = host.State();
-    ASSERT_EQ(state["standardSwitches"].size(), 3u);
-    EXPECT_EQ(state["standardSwitches"][2]["name"], "kSwitch2");
-    EXPECT_EQ(state["standardSwitches"][2]["uplinks"], nlohmann::json::array({"nicx2", "nicx3"}));
-    EXPECT_EQ(state["tesnics"][0]["connection"]["type"], 1);
-    EXPECT_FALSE(host.SyslogMatching("Enabling safe mode networking").empty());
+    // Which switch it creates and what moves is the restore actions' unit test.
+    EXPECT_EQ(host.State()["standardSwitches"].size(), 3u);
     c->Key("Up"); // the restore entry is greyed now and skipped
     EXPECT_TRUE(c->WaitForText("Restoring the network settings will revert")) << c->View().Text();
 }
