@@ -1,5 +1,5 @@
 // Restart and test of the management network from the menu: F11 as the only way on, the fresh DHCP lease,
-// OK/Failed per target with the hosts file restored, and Esc ending a slow test at once.
+// OK/Failed per target, and Esc ending a slow test at once.
 #include "Flows.h"
 
 #include <chrono>
@@ -34,11 +34,10 @@ TEST(ManagementNetwork, RestartIgnoresEnterAndRestartsOnF11WithTheNewLease) {
     EXPECT_TRUE(c->WaitForTextSettled(kRestartPane)) << c->View().Text();
 }
 
-TEST(ManagementNetwork, TestShowsOkAndFailedPerTargetAndRestoresHostsFile) {
+// The ping command line and the hosts file set aside and restored are unit tests (ManagementTest_test).
+TEST(ManagementNetwork, TestShowsOkAndFailedPerTarget) {
     Console c(Roomy());
-    const TestHost& host = c.Host();
-    host.ChangeState([](nlohmann::json& s) { s["network"]["answering"] = {"192.0.2.1", "192.0.2.53"}; });
-    const std::string hosts = host.Read("etc/hosts");
+    c.Host().ChangeState([](nlohmann::json& s) { s["network"]["answering"] = {"192.0.2.1", "192.0.2.53"}; });
     LogInAsRoot(c);
     MoveTo(c, kTestPane);
     c->Key("Enter");
@@ -49,14 +48,6 @@ TEST(ManagementNetwork, TestShowsOkAndFailedPerTargetAndRestoresHostsFile) {
     EXPECT_TRUE(c->View().Contains("Pinging address #1 (192.0.2.1). OK."));
     EXPECT_TRUE(c->View().Contains("Pinging address #2 (192.0.2.53). OK."));
     EXPECT_TRUE(c->View().Contains("Pinging address #3 (192.0.2.54). Failed.")) << c->View().Text();
-    EXPECT_EQ(host.Read("etc/hosts"), hosts);
-    bool pinged = false;
-    for (auto call : host.ToolCalls()) {
-        ASSERT_FALSE(call.empty());
-        call[0] = call[0].substr(call[0].rfind('/') + 1); // the console runs the host's /bin/tesping by path
-        pinged = pinged || call == std::vector<std::string>{"tesping", "-c", "3", "-I", "tes0", "192.0.2.54"};
-    }
-    EXPECT_TRUE(pinged);
     c->Key("Enter");
     EXPECT_TRUE(c->WaitForTextSettled(kTestPane)) << c->View().Text();
 }
