@@ -1,5 +1,5 @@
-// Address value types against hostile inputs: what inet_pton refuses must be refused, masks must be
-// contiguous, prefixes 0-128 in plain decimal, zones well-formed, and link-local told apart.
+// Address value types: unset values, zones, scopes and link-local told apart, network type and prefix, and
+// the IP configuration's flags.
 #include "platform/HostCtlException.h"
 #include "platform/IpConfig.h"
 #include "platform/NetworkTypes.h"
@@ -13,51 +13,14 @@ using HostCtl::Lib::HostCtlException;
 
 namespace {
 
-// Every text in `good` is valid and every one in `bad` is refused, by the check and by the constructor.
-template <class T>
-void CheckParsing(bool (*isValid)(std::string_view), std::initializer_list<std::string> good,
-                  std::initializer_list<std::string> bad) {
-    for (const std::string& text : good)
-        EXPECT_TRUE(isValid(text)) << "'" << text << "'";
-    for (const std::string& text : bad) {
-        EXPECT_FALSE(isValid(text)) << "'" << text << "'";
-        if (!text.empty()) { // the empty text is the unset value for addresses
-            EXPECT_THROW(T{text}, HostCtlException) << "'" << text << "'";
-        }
-    }
-}
-
-TEST(NetworkTypes, Ipv4Validation) {
-    CheckParsing<Ipv4Address>(Ipv4Address::IsValidAddress, {"192.0.2.7", "0.0.0.0", "255.255.255.255"},
-                              {"1.2.3", "1.2.3.256", "1.2.3.05", "01.2.3.4", "192.0.2.7 ", " 192.0.2.7",
-                               "192.0.2.7.", ".192.0.2.7", "1.2.3.4.5", "", "1..2.3", "0x1.2.3.4", "+1.2.3.4",
-                               "1.2.3.-4", "1.2.3.4/24", "1.2.3.4\n", "::ffff:1.2.3.4", "1.2.3.4a",
-                               std::string("1.2.3.4\0", 8)});
-    Ipv4Address a("192.0.2.1");
-    EXPECT_EQ(a.GetBinaryAddress(), 0xC0000201u);
-    EXPECT_EQ(a.GetStringAddress(), "192.0.2.1");
+// Which texts are valid addresses, masks, prefixes and MACs, and their round trips, are the fuzz target
+// fuzz_address's (checked against inet_pton, with the hostile cases in its corpus); here what it cannot know.
+TEST(NetworkTypes, UnsetValuesBinaryFormAndZones) {
     EXPECT_EQ(Ipv4Address::FromBinary(0x0A000001).GetStringAddress(), "10.0.0.1");
     EXPECT_EQ(Ipv4Address("").GetStringAddress(), "0.0.0.0"); // the empty text is unset
-}
-
-TEST(NetworkTypes, NetmaskMustBeContiguous) {
-    for (const char* good : {"255.255.255.0", "255.255.255.255", "128.0.0.0", "255.255.252.0"})
-        EXPECT_TRUE(Ipv4Address(good).IsValidNetmask()) << good;
-    for (const char* bad : {"255.0.255.0", "0.0.0.0", "0.255.255.255", "255.255.255.1", "127.0.0.0"})
-        EXPECT_FALSE(Ipv4Address(bad).IsValidNetmask()) << bad;
-}
-
-TEST(NetworkTypes, Ipv6Validation) {
-    CheckParsing<Ipv6Address>(Ipv6Address::IsValidAddress,
-                              {"::", "::1", "2001:db8::1", "fe80::1%tes0", "::ffff:192.0.2.1",
-                               "2001:0db8:0000:0000:0000:0000:0000:0001"},
-                              {"", "2001:db8::1 ", " 2001:db8::1", "2001:db8:::1", "2001:db8::1::2",
-                               "2001:db8::g", "12345::1", "1:2:3:4:5:6:7:8:9", "fe80::1%", "fe80::1%tes 0",
-                               "fe80::1%tes0%x", "2001:db8::1/64", "192.0.2.1", "[2001:db8::1]",
-                               std::string("::1\0", 4)});
+    EXPECT_TRUE(Ipv6Address("").IsUnspecified());
     EXPECT_EQ(Ipv6Address("2001:db8::1"), Ipv6Address("2001:0db8:0:0::1"));
     EXPECT_FALSE(Ipv6Address("fe80::1%tes0") == Ipv6Address("fe80::1%tes1"));
-    EXPECT_TRUE(Ipv6Address("").IsUnspecified());
 }
 
 TEST(NetworkTypes, Ipv6ScopeTextAndLinkLocal) {
@@ -79,12 +42,7 @@ TEST(NetworkTypes, Ipv6ScopeTextAndLinkLocal) {
     }
 }
 
-TEST(NetworkTypes, Ipv6NetworkPrefixes) {
-    CheckParsing<Ipv6Network>(Ipv6Network::IsValidAddressAndNetmask,
-                              {"2001:db8::1/64", "2001:db8::1/0", "2001:db8::1/128", "::/0"},
-                              {"2001:db8::1/129", "2001:db8::1/", "2001:db8::1", "/64", "2001:db8::1/064",
-                               "2001:db8::1/-1", "2001:db8::1/+64", "2001:db8::1/64 ", "2001:db8::1 /64",
-                               "2001:db8::1/6 4", "2001:db8::1/64/64", "192.0.2.1/24", "2001:db8::1/0x40"});
+TEST(NetworkTypes, Ipv6NetworkTypeAndScope) {
     Ipv6Network n("2001:DB8::10/64");
     EXPECT_EQ(n.GetStringAddress(), "2001:db8::10/64");
     EXPECT_EQ(n.GetPrefixLength(), 64);
@@ -95,13 +53,6 @@ TEST(NetworkTypes, Ipv6NetworkPrefixes) {
     EXPECT_EQ(n, Ipv6Network("2001:db8::10/64"));
     EXPECT_FALSE(n == Ipv6Network("2001:db8::10/48"));
     EXPECT_THROW(Ipv6Network(Ipv6Address("::1"), 129), HostCtlException);
-}
-
-TEST(NetworkTypes, MacAddress) {
-    CheckParsing<MacAddress>(MacAddress::IsValidAddress, {"00:50:56:aa:00:00", "00:50:56:AA:0f:F0"},
-                             {"00:50:56:aa:00", "00:50:56:aa:00:00:11", "00-50-56-aa-00-00",
-                              "0:50:56:aa:00:000", "00:50:56:aa:00:0g", " 00:50:56:aa:00:00", ""});
-    EXPECT_EQ(MacAddress("00:50:56:AA:0F:F0").GetStringAddress(), "00:50:56:aa:0f:f0");
 }
 
 TEST(NetworkTypes, IpConfigDhcpFlagsAndNetworks) {
