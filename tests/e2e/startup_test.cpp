@@ -57,7 +57,7 @@ TEST(Startup, LinuxOrNoTermOnANonConsoleTerminalBecomesVt102) {
     EXPECT_EQ(vt102.find("\x1b]P"), std::string::npos) << "no Linux palette sequences";
 }
 
-// Which arguments are refused is a unit table (StartupRules.VtArgument).
+// Which arguments are refused is the fuzz target fuzz_vt_argument's.
 TEST(Startup, InvalidTerminalNumberIsLoggedAndIgnored) {
     Console c({.args = {"tty2"}});
     ASSERT_TRUE(c->WaitForText(kReady));

@@ -1,5 +1,6 @@
-// Start-up decisions (VT argument, terminal type, pid-file single-instance rule) and the deadline arithmetic
-// of GetKey (dimming, idle time-out, wait lengths, the time-out option) with an injected clock.
+// Start-up decisions (terminal type, pid-file single-instance rule; the VT argument is fuzz_vt_argument's)
+// and the deadline arithmetic of GetKey (dimming, idle time-out, wait lengths, the time-out option) with an
+// injected clock.
 #include "core/IdleDeadline.h"
 #include "core/StartupRules.h"
 #include "platform/AdvancedOptions.h"
@@ -15,18 +16,6 @@
 
 namespace Tarn {
 namespace {
-
-TEST(StartupRules, VtArgument) {
-    const struct {
-        const char* argument;
-        int vt;
-    } cases[] = {{"1", 1},   {"63", 63},  {"07", 7},  {"0", -1},    {"64", -1},
-                 {"-3", -1}, {"abc", -1}, {"", -1},   {"5abc", -1}, {"7\x1a", -1},
-                 {" 7", -1}, {"+7", -1},  {"7 ", -1}, {"0x7", -1},  {"99999999999999999999", -1}};
-    for (const auto& c : cases)
-        EXPECT_EQ(ParseVtArgument(c.argument), c.vt) << '"' << c.argument << '"';
-    EXPECT_EQ(ParseVtArgument(nullptr), -1);
-}
 
 TEST(StartupRules, TerminalType) {
     const struct {
