@@ -99,52 +99,6 @@ TEST(MarkupLayout, RunsCarryColours) {
     EXPECT_EQ(wrapped, (std::vector<Line>{{{0, "one", 3, -1}}, {{0, "two", 3, -1}}, {{0, "x", -1, -1}}}));
 }
 
-// Whatever the text, lines stay within the area; built from fragments that stress the tag and wrap rules.
-TEST(MarkupLayout, HostileTextsStayInsideTheArea) {
-    const std::vector<std::string> fragments{"{",
-                                             "}",
-                                             "{}",
-                                             "{{",
-                                             "}}",
-                                             "{color:}",
-                                             "{color:red}",
-                                             "{/color}",
-                                             "{bgcolor:nope}",
-                                             "{/bgcolor}",
-                                             "{align:right}",
-                                             "{align:center}",
-                                             "{align:padding:}",
-                                             "{align:padding:-5}",
-                                             "{align:padding:99999999999999999999}",
-                                             "{align:padding:7}",
-                                             "{/align}",
-                                             "\n",
-                                             " ",
-                                             "\t",
-                                             "word",
-                                             "averyveryverylongword",
-                                             "\u2593",
-                                             "\xff"};
-    unsigned seed = 12345;
-    auto next = [&seed] { return seed = seed * 1103515245u + 12345u, (seed >> 16) & 0x7fff; };
-    for (int round = 0; round < 2000; ++round) {
-        std::string text;
-        for (unsigned i = 0, pieces = next() % 12; i < pieces; ++i)
-            text += fragments[next() % fragments.size()];
-        const int width = static_cast<int>(next() % 12) + 1, height = static_cast<int>(next() % 4) + 1;
-        std::vector<Line> lines = Layout(text, width, height);
-        ASSERT_LE(static_cast<int>(lines.size()), height) << text;
-        for (const Line& line : lines) {
-            int end = 0;
-            for (const Markup::Run& run : line) {
-                ASSERT_GE(run.column, end) << text;
-                end = run.column + VisibleLength(run.text);
-            }
-            ASSERT_LE(end, width) << text << " in width " << width;
-        }
-    }
-}
-
 TEST(DialogSize, FollowsTitleAndBody) {
     std::string words = "word"; // 30 words of 4 letters
     for (int i = 1; i < 30; ++i)
