@@ -1,7 +1,6 @@
-// kelp-cmd wrappers: fallback to the service account, boolean queries, host actions.
+// kelp-cmd wrappers: fallback to the service account, boolean queries.
 #include "support/ActiveTestHost.h"
 
-#include "hostops/Accounts.h"
 #include "hostops/KelpCmd.h"
 
 #include <gtest/gtest.h>
@@ -62,24 +61,7 @@ TEST(KelpCmdGetBool, OnlyLeadingLowerCaseTrueCounts) {
     }
 }
 
-TEST(KelpCmdActions, RunAsLoggedInUser) {
-    ActiveTestHost host{TestHost::Layout::Folders};
-    InstallKelpCmd(host, 255);
-    host.Script("/bin/haltGuests", "echo \"$*\" >> " + host.Path("/calls"));
-    Tarn::SetLoggedInUser("bob");
-    Tarn::RefreshManagementService();
-    Tarn::StopAllVirtualMachines(false);
-    Tarn::StopAllVirtualMachines(true);
-    Tarn::SetLoggedInUser("");
-    std::vector<std::string> expected = {"-U bob internalsvc/refresh",
-                                         "-U tarn internalsvc/refresh",
-                                         "-U bob hostsvc/autostartmanager/autostop",
-                                         "-U tarn hostsvc/autostartmanager/autostop",
-                                         "--terminate",
-                                         "-U bob hostsvc/autostartmanager/autostop",
-                                         "-U tarn hostsvc/autostartmanager/autostop",
-                                         ""};
-    EXPECT_EQ(host.Lines("/calls"), expected);
-}
+// The actions run as the logged-in user, then as the service account, are the power and troubleshooting
+// end-to-end tests' call lists.
 
 } // namespace
