@@ -81,27 +81,18 @@ TEST(Login, EscThenWrongPasswordThenNoPermissionThenRootWithTheEmptyPassword) {
     EXPECT_TRUE(c->WaitForText("Not set")) << c->View().Text();
     EXPECT_TRUE(c->WaitForText("Change default password")) << c->View().Text();
 
-    const auto failed = host.SyslogMatching("Authentication of user nobody failed");
-    ASSERT_EQ(failed.size(), 1u);
-    EXPECT_NE(failed[0].find("auth.err"), std::string::npos) << failed[0];
+    // The log lines' levels, the audit reasons and the events per outcome are the unit ReportLogin table;
+    // here each attempt reached the host as the outcome it was.
+    EXPECT_EQ(host.SyslogMatching("Authentication of user nobody failed").size(), 1u);
     EXPECT_EQ(host.SyslogMatching("Access denied for user guest").size(), 1u);
-    const auto succeeded = host.SyslogMatching("Authentication of user root succeeded");
-    ASSERT_EQ(succeeded.size(), 1u);
-    EXPECT_NE(succeeded[0].find("auth.emerg"), std::string::npos) << succeeded[0];
     EXPECT_EQ(host.SyslogMatching("User root logged in").size(), 1u);
     const auto audit = AuditRecords(host);
     ASSERT_EQ(audit.size(), 3u);
     const std::vector<std::pair<std::string, int>> expected = {{"nobody", 0}, {"guest", 0}, {"root", 1}};
     for (size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(audit[i]["event"], "login.connect");
         EXPECT_EQ(audit[i]["user"], expected[i].first);
         EXPECT_EQ(audit[i]["success"], expected[i].second);
     }
-    EXPECT_EQ(audit[0]["pairs"]["reason"], "Invalid Login");
-    EXPECT_EQ(audit[1]["pairs"]["reason"], "No permission");
-    EXPECT_EQ(Events(host), (std::vector<std::string>{
-                                "@&!*@*@(obe.user.tarn.login.failed)Authentication of user nobody failed",
-                                "@&!*@*@(obe.user.tarn.login.failed)Access denied for user guest"}));
 }
 
 TEST(Login, WithoutTheMarkerFileNoLoginIsAttempted) {
