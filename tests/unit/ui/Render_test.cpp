@@ -1,5 +1,5 @@
 // Windows, item lists and the standard dialogs drawn on an off-screen 80x24 terminal: geometry, texts,
-// colours, dimming, focus and scroll bars, the field cursor, the bytes a focus move costs, subtree deletion,
+// colours, dimming, focus and scroll bars, the bytes a focus move costs, subtree deletion,
 // dialogs cut to the screen, refused windows, the Enter loop, and type-ahead discarded when a frame is drawn.
 #include "ui/DialogSize.h"
 #include "ui/InputItem.h"
@@ -153,8 +153,6 @@ struct ListFrame {
 };
 constexpr int kLeft = 12, kTop = 6, kScroll = 41;
 
-constexpr int kField = kLeft + 1 + 27 - 2 - 12; // first cell of a 12-cell field: it ends at the text's edge
-
 TEST_F(Render, ItemListRowsFocusBarAndScrollBar) {
     ListFrame f;
     LabelItem heading("Choose:", false), a("Alpha", true), b("Beta", true), c("Gamma", true),
@@ -195,29 +193,6 @@ TEST_F(Render, ItemListRowsFocusBarAndScrollBar) {
     f.list->Draw();
     EXPECT_EQ(ScrollBar(), "    ");
     EXPECT_EQ(Screen(kTop + 2, kLeft, 29), std::string(29, ' '));
-}
-
-TEST_F(Render, InputFieldAndCursor) {
-    ListFrame f;
-    LabelItem heading("Address", false);
-    InputItem address("IP Address", "10.0.0.1", 12), password("Password", "abc", 12);
-    password.SetPassword(true);
-    f.list->SetItems({&heading, &address, &password});
-    f.frame.Draw(true);
-    Window::ShowCursor(
-        true); // a frame drawn for the first time hides the cursor; a screen with fields shows it
-    // Read the cursor first: reading cells back moves curses' idea of it.
-    EXPECT_EQ(getcury(curscr), kTop + 1);
-    EXPECT_EQ(getcurx(curscr), kField + 8);
-    EXPECT_EQ(Screen(kTop + 1, kLeft + 1, 10), "IP Address");
-    EXPECT_EQ(Screen(kTop + 1, kField - 3, 17), " [ 10.0.0.1     ]");
-    EXPECT_EQ(PairOnScreen(kTop + 1, kField), Pair(7, 0)) << "fresh value marked";
-    EXPECT_EQ(Screen(kTop + 2, kField, 4), "*** ");
-    address.HandleKey('1');
-    f.list->Draw();
-    EXPECT_EQ(getcurx(curscr), kField + 1);
-    EXPECT_EQ(Screen(kTop + 1, kField, 9), "1        ");
-    EXPECT_EQ(PairOnScreen(kTop + 1, kField), Pair(0, 7)) << "edited value plain";
 }
 
 // On a virtual terminal (TERM=linux) a focus move sends only the two rows that change.
