@@ -1,7 +1,8 @@
 # The Debian package: `cmake --build build --target package` (or `cpack -G DEB` in the build tree) writes
 # tarn_<version>_<arch>.deb. Library dependencies come from dpkg-shlibdeps; what the programs use without
-# linking it is named here: libpam is loaded at the first login, its common-* stacks come with
-# libpam-runtime, and the simulated host's log viewer is less.
+# linking it is named here: libpam is loaded at the first login, libnl-route-3 at the first read of a
+# real host's network, PAM's common-* stacks come with libpam-runtime, and the simulated host's log viewer
+# is less.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${PROJECT_NAME})
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -22,7 +23,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION admin)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_HOMEPAGE "")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libpam0g, libpam-runtime, less")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libpam0g, libnl-3-200, libnl-route-3-200, libpam-runtime, less")
 set(CPACK_STRIP_FILES ON)
 # dpkg keeps an administrator's edits of the PAM service across upgrades.
 file(WRITE ${TARN_STAGE}/conffiles "${CMAKE_INSTALL_FULL_SYSCONFDIR}/pam.d/tarn\n")

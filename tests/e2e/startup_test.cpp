@@ -5,6 +5,7 @@
 #include "harness/Screenshot.h"
 
 #include <csignal>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <set>
 #include <unistd.h>
@@ -55,6 +56,17 @@ TEST(Startup, LinuxOrNoTermOnANonConsoleTerminalBecomesVt102) {
     EXPECT_EQ(FirstPaint("linux"), vt102);
     EXPECT_EQ(FirstPaint(std::nullopt), vt102);
     EXPECT_EQ(vt102.find("\x1b]P"), std::string::npos) << "no Linux palette sequences";
+}
+
+// Libraries of later screens or of the real host stay out of the welcome screen's memory.
+TEST(Startup, TheWelcomeScreenMapsNeitherPamNorNetlink) {
+    Console c;
+    ASSERT_TRUE(c->WaitForText(kReady));
+    std::ifstream in("/proc/" + std::to_string(c->Pid()) + "/maps");
+    const std::string maps{std::istreambuf_iterator<char>(in), {}};
+    ASSERT_NE(maps.find("libc.so"), std::string::npos);
+    for (const char* library : {"libpam.so", "libnl-3.so", "libnl-route-3.so"})
+        EXPECT_EQ(maps.find(library), std::string::npos) << library;
 }
 
 // Which arguments are refused is the fuzz target fuzz_vt_argument's.
