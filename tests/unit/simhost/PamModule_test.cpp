@@ -101,13 +101,10 @@ TEST_F(PamHost, LoginOutcomes) {
         const char* user;
         const char* password;
         int status;
-    } cases[] = {{"root", "Secret#1", PAM_SUCCESS},
+    } cases[] = {// each outcome through the console's own calls is PamTest's (OnHost_test); here the edges
                  {"root", "secret#1", PAM_AUTH_ERR},
                  {"root", "", PAM_AUTH_ERR},
-                 {"nobody", "Secret#1", PAM_AUTH_ERR},
-                 {"late", "Old-pass1", PAM_NEW_AUTHTOK_REQD},
-                 {"late", "wrong", PAM_AUTH_ERR},
-                 {"guest", "Guest-pw1", PAM_PERM_DENIED},
+                 {"late", "wrong", PAM_AUTH_ERR}, // an expired password is only reported when it is right
                  {"blank", "", PAM_SUCCESS},
                  {"blank", "x", PAM_AUTH_ERR}};
     for (const Case& c : cases) {
