@@ -19,7 +19,9 @@ const char* kUsage =
     "Keys are harness names (F1..F12, Up, Down, Left, Right, Enter, Esc, Tab, Backspace, ...), text:STRING\n"
     "or esc:REST; KEY@TEXT waits for TEXT to show, KEY!TEXT for it to go. --tarn-keys replaces the default\n"
     "phases (the login dialog, the menu, the network window, its list, the IPv4 dialog, its address field,\n"
-    "the apply) with one. --show-screens prints the screen after each phase of the first tarn run.\n";
+    "the apply) with one. --show-screens prints the screen after each phase of the first tarn run.\n"
+    "Exit status 3: tarn is past a target (start-up ratio 1.5, peak RSS 4096 KiB on the first screen and\n"
+    "8192 KiB after a login, no idle wake-ups); the table at the end says which.\n";
 
 // The console's screens, in one run. Each phase's keys bring the screen back to where they started, so
 // that they can be sent again; TERM=linux on a pty becomes vt102 in the console, whose key table lacks the

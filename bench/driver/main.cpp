@@ -13,6 +13,7 @@
 
 namespace {
 
+using bench::IdleSample;
 using bench::Median;
 using bench::RunSample;
 
@@ -70,6 +71,41 @@ void PrintKeys(const bench::Program& program, const std::vector<RunSample>& runs
                 std::printf("%-34s %8.2f %13s %8.0f %8.0f %6.2f %5.0f\n", label.c_str(), Median(ms),
                             Range(ms).c_str(), b, f, f > 0 ? b / f : 0.0, Median(rows));
             }
+}
+
+// The console's targets, each checked on the medians of the tarn runs: past any, the benchmark fails.
+int CheckTargets(const std::vector<RunSample>& tarn, double startupRatio, bool session) {
+    auto median = [&](double RunSample::*field) {
+        std::vector<double> v;
+        for (const auto& s : tarn)
+            v.push_back(s.*field);
+        return Median(v);
+    };
+    auto idle = [&](IdleSample RunSample::*window) {
+        std::vector<double> v;
+        for (const auto& s : tarn)
+            v.push_back((s.*window).voluntary);
+        return Median(v);
+    };
+    struct Target {
+        const char* name;
+        double value, limit;
+    };
+    std::vector<Target> targets = {{"start-up ratio", startupRatio, 1.5},
+                                   {"peak RSS, first screen (KiB)", median(&RunSample::firstPeakRssKb), 4096},
+                                   {"idle wake-ups, first screen", idle(&RunSample::idleFirst), 0}};
+    if (session) {
+        targets.push_back({"peak RSS after a login (KiB)", median(&RunSample::peakRssKb), 8192});
+        targets.push_back({"idle wake-ups, later screen", idle(&RunSample::idleLater), 0});
+    }
+    int past = 0;
+    std::printf("\n%-30s %9s %9s\n", "target", "tarn", "limit");
+    for (const auto& t : targets) {
+        const bool over = t.value > t.limit;
+        past += over;
+        std::printf("%-30s %9.2f %9.2f %s\n", t.name, t.value, t.limit, over ? "PAST THE LIMIT" : "ok");
+    }
+    return past;
 }
 
 } // namespace
@@ -143,5 +179,5 @@ int main(int argc, char** argv) {
     if (missingKeys[0] || missingKeys[1])
         std::printf("keys without a settled repaint: reference %d, tarn %d\n", missingKeys[0],
                     missingKeys[1]);
-    return 0;
+    return CheckTargets(tarn, Median(startupRatios), !o.tarn.later.empty()) > 0 ? 3 : 0;
 }
