@@ -172,19 +172,45 @@ Json Load(const std::string& dir) {
     return ReadUnlocked(dir);
 }
 
-Json Transact(const std::string& dir, const std::function<void(Json&)>& change, struct stat* written) {
+Json Transact(const std::string& dir, const std::function<void(Json&)>& change, LastWrite* last) {
     FileLock lock(dir, LOCK_EX);
-    Json state = ReadUnlocked(dir);
+    struct stat now {};
+    const bool unchanged = last != nullptr && last->known && stat(StatePath(dir).c_str(), &now) == 0 &&
+                           SameFile(now, last->status);
+    Json state = unchanged ? last->state : ReadUnlocked(dir);
     try {
         change(state);
     } catch (const Json::exception& e) {
         WipePasswords(state);
         throw StoreError(InvalidState(dir, e.what()));
+    } catch (...) {
+        WipePasswords(state);
+        throw;
     }
     WriteUnlocked(dir, state);
-    if (written != nullptr && stat(StatePath(dir).c_str(), written) != 0)
-        written->st_ino = 0;
+    if (last != nullptr) {
+        last->Forget();
+        last->known = stat(StatePath(dir).c_str(), &last->status) == 0;
+        if (last->known)
+            last->state = state;
+    }
     return state;
+}
+
+bool SameFile(const struct stat& a, const struct stat& b) {
+    // Every change renames a new file into place: another inode, size or time is another state.
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino && a.st_size == b.st_size &&
+           a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+LastWrite::~LastWrite() {
+    WipePasswords(state);
+}
+
+void LastWrite::Forget() {
+    WipePasswords(state);
+    state = Json();
+    known = false;
 }
 
 std::string InvalidState(const std::string& dir, const std::string& what) {

@@ -24,11 +24,28 @@ std::string StatePath(const std::string& dir);
 // Reads the whole state under a shared lock.
 Json Load(const std::string& dir);
 
+// What a writer knows of the state it stored last: the file's status, taken under the lock, and the state
+// itself, users included (wiped when it is replaced or ends).
+struct LastWrite {
+    struct stat status {};
+    Json state;
+    bool known = false;
+
+    LastWrite() = default;
+    LastWrite(const LastWrite&) = delete;
+    LastWrite& operator=(const LastWrite&) = delete;
+    ~LastWrite();
+    void Forget();
+};
+
+// Whether two statuses of host.json describe the same file, thus the same state.
+bool SameFile(const struct stat& a, const struct stat& b);
+
 // Runs `change` on the current state and stores the result atomically; returns the stored state. A value of
-// the wrong type met by `change` is a StoreError that names the file; nothing is written then. `written`,
-// when given, receives the status of the file just written, taken under the lock (st_ino 0 if unknown).
-Json Transact(const std::string& dir, const std::function<void(Json&)>& change,
-              struct stat* written = nullptr);
+// the wrong type met by `change` is a StoreError that names the file; nothing is written then. With `last`,
+// the current state is `last->state` while host.json is still the file described there (no other writer
+// came in between), read from the file otherwise; `last` then describes the file just written.
+Json Transact(const std::string& dir, const std::function<void(Json&)>& change, LastWrite* last = nullptr);
 
 // Writes a whole new state (used when a host is created).
 void Save(const std::string& dir, const Json& state);

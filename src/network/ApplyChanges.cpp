@@ -6,6 +6,7 @@
 #include "hostops/KelpCmd.h"
 #include "network/NetworkAccess.h"
 #include "network/SwitchListing.h"
+#include "platform/ChangeBatch.h"
 #include "platform/NetworkInfo.h"
 #include "platform/PnicImpl.h"
 
@@ -257,6 +258,8 @@ void ApplyChanges(PendingNetworkConfig& pending, TesNic& management, TesCtl::Net
         if (stage.onStandardSwitchOnly && pending.onDistributedSwitch)
             continue;
         try {
+            // A stage's changes are one batch: the simulated host reads its state once for all of them.
+            Platform::ChangeBatch batch;
             stage.run(run);
         } catch (const HostCtlException& e) {
             std::string message = stage.failurePrefix + DescribeHostCtlError(e);

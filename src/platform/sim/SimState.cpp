@@ -1,6 +1,8 @@
 // Store access for the sim backends.
 #include "platform/sim/SimState.h"
 
+#include "platform/ChangeBatch.h"
+
 #include "platform/HostCtlException.h"
 #include "platform/HostRoot.h"
 #include "simhost/model/CallLog.h"
@@ -33,6 +35,10 @@ bool SameFile(const CachedState& c, const std::string& path, const struct stat& 
            c.modified.tv_nsec == st.st_mtim.tv_nsec;
 }
 
+// The last write of the open ChangeBatch of this thread (batches nest: the outermost one keeps it).
+thread_local int tBatchDepth = 0;
+thread_local SimHost::LastWrite tBatchWrite;
+
 } // namespace
 
 std::shared_ptr<const Json> Load() {
@@ -62,19 +68,20 @@ Json Change(const std::function<void(Json&)>& change) {
         std::lock_guard<std::mutex> lock(gCacheMutex);
         gCache.size = -1;
     }
+    SimHost::LastWrite single;
+    SimHost::LastWrite& last = tBatchDepth > 0 ? tBatchWrite : single;
     try {
-        struct stat written {};
-        Json stored = SimHost::Transact(HostRoot(), change, &written);
+        Json stored = SimHost::Transact(HostRoot(), change, &last);
         SimHost::DropUsers(stored);
         // What was just written is what the next read would parse: an apply stage that reads after its
         // change (the gateway after the addresses) reads the file once, not twice.
-        if (written.st_ino != 0) {
+        if (last.known) {
             std::lock_guard<std::mutex> lock(gCacheMutex);
             gCache = {SimHost::StatePath(HostRoot()),
-                      written.st_dev,
-                      written.st_ino,
-                      written.st_mtim,
-                      written.st_size,
+                      last.status.st_dev,
+                      last.status.st_ino,
+                      last.status.st_mtim,
+                      last.status.st_size,
                       std::make_shared<const Json>(stored)};
         }
         return stored;
@@ -119,3 +126,17 @@ const Json& At(const Json& state, const char* pointer) {
 }
 
 } // namespace Platform::Sim
+
+namespace Platform {
+
+ChangeBatch::ChangeBatch() {
+    ++Sim::tBatchDepth;
+}
+
+ChangeBatch::~ChangeBatch() {
+    // The state kept holds the users' passwords: it goes when the batch ends.
+    if (--Sim::tBatchDepth == 0)
+        Sim::tBatchWrite.Forget();
+}
+
+} // namespace Platform

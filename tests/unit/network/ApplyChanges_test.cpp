@@ -5,6 +5,9 @@
 
 #include "network/ApplyChanges.h"
 #include "network/OpenManagementNetwork.h"
+#include "support/StateReadWatch.h"
+
+#include <map>
 
 using namespace HostCtl::Network;
 using namespace Tarn;
@@ -125,6 +128,53 @@ TEST_F(ApplyChangesTest, StagesRunInOrderWithTheirLogLines) {
     EXPECT_EQ(DnsServerText(pending_.alternateDns), "2001:db8::53");
     EXPECT_EQ(pending_.suffixes, "corp.test, a.test, b.test, c.test");
     EXPECT_TRUE(pending_.ipv6Enabled) << "the kernel keeps IPv6 until the host restarts";
+}
+
+// However many changes a stage makes, it reads host.json at most once: each read is counted for the stage of
+// the host call before it (reads before the first call belong to the first stage).
+TEST_F(ApplyChangesTest, EachStageReadsTheStateAtMostOnce) {
+    Open();
+    EditEverything();
+    // An uplink removed, one taken over from the distributed switch, one added, a new teaming order.
+    pending_.TakeAdapters({{"nicx1", "nicx2"}, 2});
+    pending_.TakeIpv6({true, false, false, pending_.StaticIpv6Networks(), Ipv6Address("2001:db8::1"), false});
+    StateReadWatch watch(host_);
+    Apply();
+
+    const std::map<std::string, std::string> stageOf = {
+        {"RemoveUplink", "uplinks"},
+        {"RemoveDkSwitchUplink", "uplinks"},
+        {"AddUplink", "uplinks"},
+        {"SetTeamingPolicy", "uplinks"},
+        {"SetMacAddress", "uplinks"},
+        {"SetVlanId", "vlan"},
+        {"SetTesIpv6Enabled", "ipv6"},
+        {"SetIpConfig", "configuration"},
+        {"SetTesselDefaultGateway", "gateway"},
+        {"SetIpv6TesselDefaultGateway", "ipv6 gateway"},
+        {"Disable", "restart"},
+        {"Enable", "restart"},
+        {"SetFqdn", "dns"},
+        {"RemoveNameServers", "dns"},
+        {"AddNameServer", "dns"},
+        {"SetSearchDomainsString", "suffixes"},
+        {"AddSearchDomain", "suffixes"},
+        {"SaveDnsConfig", "suffixes"},
+    };
+    const auto calls = host_.ToolCalls();
+    std::map<std::string, int> reads;
+    std::string stage = "uplinks";
+    size_t call = 0;
+    for (StateReadWatch::Event event : watch.Events()) {
+        if (event == StateReadWatch::Event::Call)
+            stage = stageOf.at(calls.at(call++).at(1));
+        else
+            ++reads[stage];
+    }
+    EXPECT_EQ(call, calls.size());
+    EXPECT_EQ(std::ranges::count(HostCalls(), std::string("RemoveUplink kSwitch0 nicx0")), 1);
+    for (const auto& [name, count] : reads)
+        EXPECT_LE(count, 1) << name;
 }
 
 TEST_F(ApplyChangesTest, AFailingStageIsReportedAndTheRestStillApplies) {

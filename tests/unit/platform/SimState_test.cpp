@@ -2,51 +2,49 @@
 // without opening host.json again, and a change made by another process is still seen.
 #include "support/ActiveTestHost.h"
 
+#include "platform/ChangeBatch.h"
 #include "platform/sim/SimState.h"
 
+#include "support/StateReadWatch.h"
+
 #include <gtest/gtest.h>
-#include <sys/inotify.h>
-#include <unistd.h>
-
-namespace {
-
-// Counts how often host.json is opened while it lives.
-class OpenCounter {
-public:
-    explicit OpenCounter(const std::string& dir) : fd_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
-        inotify_add_watch(fd_, dir.c_str(), IN_OPEN);
-    }
-    ~OpenCounter() { close(fd_); }
-    int StateOpens() {
-        int count = 0;
-        alignas(inotify_event) char buffer[4096];
-        for (ssize_t n; (n = read(fd_, buffer, sizeof buffer)) > 0;)
-            for (char* p = buffer; p < buffer + n;) {
-                auto* event = reinterpret_cast<inotify_event*>(p);
-                if (event->len > 0 && std::string(event->name) == "host.json")
-                    ++count;
-                p += sizeof(inotify_event) + event->len;
-            }
-        return count;
-    }
-
-private:
-    int fd_;
-};
-
-} // namespace
 
 TEST(SimState, AReadAfterAChangeUsesTheWrittenStateUntilAnotherWriterChangesIt) {
     ActiveTestHost host(TestHost::Layout::Folders);
     host.WriteState(TestHost::Json::parse(R"({"schema": 1, "dns": {"hostname": "host01"}})"));
-    OpenCounter counter(host.Path("/etc/simhost"));
+    StateReadWatch counter(host);
     Platform::Sim::Change([](TestHost::Json& s) { s["dns"]["hostname"] = "host02"; });
-    counter.StateOpens();
+    counter.Reads();
     EXPECT_EQ((*Platform::Sim::Load())["dns"]["hostname"], "host02");
-    EXPECT_EQ(counter.StateOpens(), 0);
+    EXPECT_EQ(counter.Reads(), 0);
 
     host.ChangeState([](TestHost::Json& s) { s["dns"]["hostname"] = "host-three"; });
-    counter.StateOpens();
+    counter.Reads();
     EXPECT_EQ((*Platform::Sim::Load())["dns"]["hostname"], "host-three");
-    EXPECT_EQ(counter.StateOpens(), 1);
+    EXPECT_EQ(counter.Reads(), 1);
+}
+
+// Within a batch the changes after the first start from the state just written; a change by another writer in
+// between is read, not overwritten; the users written meanwhile stay in the file.
+TEST(SimState, ABatchReadsTheStateOnceUnlessAnotherWriterCameInBetween) {
+    ActiveTestHost host(TestHost::Layout::Folders);
+    host.WriteState(TestHost::Json::parse(
+        R"({"schema": 1, "dns": {"hostname": "host01"}, "users": [{"name": "root", "password": "Kq9Vb7Rt"}]})"));
+    StateReadWatch counter(host);
+    {
+        Platform::ChangeBatch batch;
+        for (const char* name : {"a", "b", "c"})
+            Platform::Sim::Change([&](TestHost::Json& s) { s["dns"][name] = true; });
+        EXPECT_EQ(counter.Reads(), 1);
+        host.ChangeState([](TestHost::Json& s) { s["dns"]["other"] = true; });
+        counter.Reads();
+        Platform::Sim::Change([](TestHost::Json& s) { s["dns"]["d"] = true; });
+        EXPECT_EQ(counter.Reads(), 1);
+    }
+    Platform::Sim::Change([](TestHost::Json& s) { s["dns"]["e"] = true; });
+    EXPECT_EQ(counter.Reads(), 1) << "after the batch every change reads the file";
+    const TestHost::Json state = host.State();
+    for (const char* key : {"a", "b", "c", "other", "d", "e"})
+        EXPECT_TRUE(state["dns"].contains(key)) << key;
+    EXPECT_EQ(state["users"][0]["password"], "Kq9Vb7Rt");
 }
