@@ -172,12 +172,15 @@ bool GeneralWindow::Open(int index) {
         return false; // no task behind this entry (yet)
     MenuContext context{*this, flags_, facts_};
     row->open(context);
+    rereadLockdown_ = row->changesLockdown;
     return true;
 }
 
 void GeneralWindow::Reload() {
-    // Any task may have changed what the menu shows: ask the host again.
-    ReadLockdown();
+    // Any task may have changed what the menu shows: ask the host again; the lockdown state only after a
+    // task that can change it.
+    if (rereadLockdown_)
+        ReadLockdown();
     ReadManagement();
     ReadHostFacts();
     entries_ = BuildMenuEntries(flags_);

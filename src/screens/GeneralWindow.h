@@ -44,6 +44,7 @@ private:
     std::vector<std::string> support_;
     size_t supportFirst_ = 0;
     std::vector<int> logNumbers_;
+    bool rereadLockdown_ = false; // the task that ran last can change the lockdown state
 };
 
 } // namespace Tarn

@@ -72,24 +72,24 @@ constexpr unsigned kBlank = TextId::Blank;
 const std::vector<MenuRow>& MenuTable() {
     // clang-format off
     static const std::vector<MenuRow> table = {
-        // id                                  listed          enabled       body            help                              footer           open
-        {TextId::ConfigurePassword,            nullptr,        nullptr,      PasswordBody,   0,                                kFooterChange,   OpenPasswordChange},
-        {TextId::ConfigureLockdownMode,        nullptr,        Lockdown,     LockdownBody,   0,                                kFooterLockdown, OpenLockdown},
-        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ConfigureManagementNetwork,   nullptr,        Management,   ManagementBody, 0,                                kFooterMore,     OpenNetworkWindow},
-        {TextId::RestartManagementNetwork,     nullptr,        Management,   nullptr,        TextId::RestartNetworkPaneHelp,   kFooterRestart,  OpenRestartManagementNetwork},
-        {TextId::TestManagementNetwork,        nullptr,        Management,   nullptr,        TextId::TestNetworkPaneHelp,      kFooterRunTest,  OpenTestManagementNetwork},
+        // id                                  listed          enabled       body            help                              footer           open                          changes lockdown
+        {TextId::ConfigurePassword,            nullptr,        nullptr,      PasswordBody,   0,                                kFooterChange,   OpenPasswordChange,            false},
+        {TextId::ConfigureLockdownMode,        nullptr,        Lockdown,     LockdownBody,   0,                                kFooterLockdown, OpenLockdown,                  true},
+        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr,                       false},
+        {TextId::ConfigureManagementNetwork,   nullptr,        Management,   ManagementBody, 0,                                kFooterMore,     OpenNetworkWindow,             false},
+        {TextId::RestartManagementNetwork,     nullptr,        Management,   nullptr,        TextId::RestartNetworkPaneHelp,   kFooterRestart,  OpenRestartManagementNetwork,  false},
+        {TextId::TestManagementNetwork,        nullptr,        Management,   nullptr,        TextId::TestNetworkPaneHelp,      kFooterRunTest,  OpenTestManagementNetwork,     false},
         // The same "Restart" words as the restart entry, on purpose.
-        {TextId::NetworkRestoreOptions,        nullptr,        nullptr,      nullptr,        TextId::NetworkRestorePaneHelp,   kFooterRestart,  OpenNetworkRestoreOptions},
-        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ConfigureKeyboard,            KeyboardChoice, nullptr,      KeyboardBody,   0,                                kFooterMore,     OpenKeyboard},
-        {TextId::TroubleshootingOptions,       nullptr,        nullptr,      nullptr,        TextId::TroubleshootingPaneHelp,  kFooterMore,     OpenTroubleshooting},
-        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ViewSystemLogs,               nullptr,        nullptr,      LogBody,        0,                                nullptr,         nullptr},
-        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ViewSupportInformation,       nullptr,        nullptr,      SupportBody,    0,                                nullptr,         nullptr},
-        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr},
-        {TextId::ResetSystemConfiguration,     nullptr,        NoNetworkBoot, nullptr,       TextId::ResetSystemPaneHelp,      kFooterReset,    OpenSystemReset},
+        {TextId::NetworkRestoreOptions,        nullptr,        nullptr,      nullptr,        TextId::NetworkRestorePaneHelp,   kFooterRestart,  OpenNetworkRestoreOptions,     false},
+        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr,                       false},
+        {TextId::ConfigureKeyboard,            KeyboardChoice, nullptr,      KeyboardBody,   0,                                kFooterMore,     OpenKeyboard,                  false},
+        {TextId::TroubleshootingOptions,       nullptr,        nullptr,      nullptr,        TextId::TroubleshootingPaneHelp,  kFooterMore,     OpenTroubleshooting,           false},
+        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr,                       false},
+        {TextId::ViewSystemLogs,               nullptr,        nullptr,      LogBody,        0,                                nullptr,         nullptr,                       false},
+        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr,                       false},
+        {TextId::ViewSupportInformation,       nullptr,        nullptr,      SupportBody,    0,                                nullptr,         nullptr,                       false},
+        {kBlank,                               nullptr,        nullptr,      nullptr,        0,                                nullptr,         nullptr,                       false},
+        {TextId::ResetSystemConfiguration,     nullptr,        NoNetworkBoot, nullptr,       TextId::ResetSystemPaneHelp,      kFooterReset,    OpenSystemReset,               true},
     };
     // clang-format on
     return table;

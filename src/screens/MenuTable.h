@@ -31,6 +31,9 @@ struct MenuRow {
     const char* footer; // key hints left of "<Esc> Log Out"; null: none
     // The entry's task; null: Enter does nothing. The menu reads the host again after it.
     void (*open)(MenuContext&);
+    // The task can change the lockdown state: the menu asks the management command tool again after it
+    // (the tool runs as a child process; every other fact is read from the host directly).
+    bool changesLockdown;
 };
 
 const std::vector<MenuRow>& MenuTable();

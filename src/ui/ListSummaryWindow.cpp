@@ -92,6 +92,35 @@ void ListSummaryWindow::Move(bool up) {
     DrawPane();
 }
 
+bool ListSummaryWindow::TakesRepaint() {
+    repaintOwed_ = repaintOwed_ || inTask_;
+    return inTask_;
+}
+
+void ListSummaryWindow::RunTask(int index) {
+    // The flag goes down however the task ends (the idle time-out passes through as an exception).
+    struct TaskScope {
+        bool& inTask;
+        ~TaskScope() { inTask = false; }
+    };
+    inTask_ = true;
+    repaintOwed_ = false;
+    bool ran;
+    {
+        TaskScope scope{inTask_};
+        ran = Open(index);
+    }
+    if (ran)
+        Reload(); // what the task may have changed
+    else if (!repaintOwed_)
+        return; // nothing ran and nothing covered the window
+    // One update: what a closed dialog covered and what the task changed, in their final look.
+    ScreenUpdate update;
+    ComposePane();
+    Draw(true);
+    Refresh();
+}
+
 int ListSummaryWindow::Foreground() {
     for (;;) {
         const int key = GetKey(this, true);
@@ -101,12 +130,8 @@ int ListSummaryWindow::Foreground() {
         if (key == Key::Up || key == Key::Down) {
             Move(key == Key::Up);
         } else if (key == Key::Enter) {
-            if (index < 0 || !Open(index))
-                continue; // nothing ran: nothing changed, nothing to redraw
-            Reload();
-            ScreenUpdate update;
-            list_->Draw(true);
-            DrawPane();
+            if (index >= 0)
+                RunTask(index);
         } else {
             OnOtherKey(index, key);
         }

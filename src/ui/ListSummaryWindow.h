@@ -45,6 +45,8 @@ public:
 
     // Returns 0 when the operator leaves with Esc; TarnTimeout passes through.
     int Foreground() override;
+    // While an entry's task runs: the window repaints once when it returns.
+    bool TakesRepaint() override;
 
 protected:
     // Builds the list (the focus on the first entry that can be chosen) and composes its summary.
@@ -61,7 +63,7 @@ protected:
     // The summary of entry `index` (-1: nothing selected).
     virtual SummaryPane Pane(int index) = 0;
     // Enter on entry `index`: true when a task ran, which may have changed the host; the window then calls
-    // Reload and redraws.
+    // Reload and repaints, once: the task's dialogs leave the repaint to it.
     virtual bool Open(int index) = 0;
     // Reads again what the entries and summaries show (SetEnabled for the entries).
     // Not named Refresh: that is the frame's screen refresh, which closing a dialog over the window calls.
@@ -76,7 +78,10 @@ protected:
 
 private:
     void Move(bool up);
+    void RunTask(int index);
 
+    bool inTask_ = false;
+    bool repaintOwed_ = false; // a dialog of the running task closed
     std::vector<std::unique_ptr<LabelItem>> items_;
     ItemList* list_ = nullptr; // owned by the list pane
 };

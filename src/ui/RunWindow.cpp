@@ -51,8 +51,10 @@ int RunWindow(Frame* frame) {
     }
 
     if (parent != nullptr) {
-        parent->Draw(true);
-        parent->Refresh();
+        if (!parent->TakesRepaint()) {
+            parent->Draw(true);
+            parent->Refresh();
+        }
         SetNotifiedSurface(parent);
     } else {
         SetNotifiedSurface(nullptr);

@@ -86,6 +86,9 @@ public:
     void Notification() override {}
     // False only for frames whose run RunWindow builds in (a plain NotificationDialog).
     virtual bool HasForeground() const { return true; }
+    // A dialog of this frame closed: true when the frame repaints itself later (once its task is done, with
+    // what the task changed), so the closing dialog leaves the repaint to it.
+    virtual bool TakesRepaint() { return false; }
 
     Frame* ParentFrame() const { return parentFrame_; }
     const StringFactory& Strings() const { return *strings_; }

@@ -5,6 +5,8 @@
 #include "Flows.h"
 #include "harness/Screenshot.h"
 
+#include <algorithm>
+
 namespace e2e {
 namespace {
 
@@ -47,6 +49,12 @@ TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
     Console c(Roomy());
     const TestHost& host = c.Host();
     LogInAsRoot(c);
+    const auto lockdownQueries = [&] {
+        return std::ranges::count_if(host.ToolCalls(), [](const std::vector<std::string>& call) {
+            return call.back().rfind("kelpsvc/auth/lockdown_is_", 0) == 0;
+        });
+    };
+    const auto queriesOfTheMenu = lockdownQueries();
     OpenNetworkWindow(c);
     EXPECT_TRUE(c->View().Contains("nicx0 (Intel Corporation 82599")) << c->View().Text();
     SaveScreenshot(c->View(), "network-window");
@@ -68,6 +76,9 @@ TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
     EXPECT_EQ(host.SyslogMatching("Setting ipv4 configuration to 192.0.2.20 255.255.255.0 on tes0").size(),
               1u);
     EXPECT_EQ(host.SyslogMatching("Network settings changed.").size(), 1u);
+    // The menu shows the new address; the lockdown state, which the window cannot change, is not asked again.
+    EXPECT_TRUE(c->View().Contains("192.0.2.20")) << c->View().Text();
+    EXPECT_EQ(lockdownQueries(), queriesOfTheMenu);
 
     // N drops a pending VLAN.
     OpenNetworkWindow(c);
