@@ -1,11 +1,14 @@
 // The simulated host's tools under any argument vector: each call ends with an exit code, its failures as
 // messages, never a crash or an exception that escapes.
-// Every input starts from the default scenario's state in a private host directory.
+// Every input starts from the default scenario's state in a private host directory. The state is written
+// again only when a call replaced it (each write is a rename, so a new inode), and the directory is rebuilt
+// now and then so call logs and written cores do not pile up over millions of runs.
 #include "simhost/model/Scenarios.h"
 #include "simhost/model/Store.h"
 #include "simhost/tools/Tool.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdint>
@@ -20,10 +23,32 @@ using namespace SimHost::Tools;
 std::vector<std::string> gNames;
 std::string gDir;
 SimHost::Json gInitial;
+struct stat gWritten {};
+bool gFresh = false;
+unsigned gRuns = 0;
 
 void RemoveHost() {
     std::error_code ec;
     std::filesystem::remove_all(gDir, ec);
+}
+
+void ResetHost() {
+    const bool rebuild = gRuns++ % 1000 == 0;
+    if (rebuild) {
+        RemoveHost();
+        std::filesystem::create_directories(gDir + "/etc/simhost");
+        std::filesystem::create_directories(gDir + "/var/log");
+    }
+    if (rebuild || !gFresh) {
+        SimHost::Save(gDir, gInitial);
+        gFresh = stat(SimHost::StatePath(gDir).c_str(), &gWritten) == 0;
+    }
+}
+
+bool StateReplaced() {
+    struct stat now {};
+    return stat(SimHost::StatePath(gDir).c_str(), &now) != 0 || now.st_ino != gWritten.st_ino ||
+           now.st_ctim.tv_sec != gWritten.st_ctim.tv_sec || now.st_ctim.tv_nsec != gWritten.st_ctim.tv_nsec;
 }
 
 } // namespace
@@ -33,8 +58,6 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
     std::string base = access("/dev/shm", W_OK) == 0 ? "/dev/shm" : "/tmp";
     std::string pattern = base + "/fuzz-simhost-XXXXXX";
     gDir = mkdtemp(pattern.data());
-    std::filesystem::create_directories(gDir + "/etc/simhost");
-    std::filesystem::create_directories(gDir + "/var/log");
     gInitial = SimHost::ScenarioState("default");
     gNames = ToolNames();
     std::atexit(RemoveHost);
@@ -59,7 +82,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         }
     }
     call.args.push_back(word);
-    SimHost::Save(gDir, gInitial);
+    ResetHost();
     RunCall(call); // an exception other than the state's own errors ends the run
+    gFresh = !StateReplaced();
     return 0;
 }
