@@ -77,6 +77,9 @@ TEST(Restore, SuccessfulRestoreShowsTheDhcpAddressOnTheWelcomeScreen) {
     StartFactoryRestore(c);
     ASSERT_TRUE(c->WaitForTextSettled("Auto-configuring network. Done.")) << c->View().Text();
     c->Key("Enter");
+    // The pane's text shows beside the progress dialog: wait for the dialog to go, or the Esc below can
+    // arrive while the window redraws and be discarded.
+    ASSERT_TRUE(c->WaitForTextGone("Auto-configuring network.")) << c->View().Text();
     ASSERT_TRUE(c->WaitForTextSettled("Restoring the network settings will revert")) << c->View().Text();
     c->Key("Esc");
     ASSERT_TRUE(c->WaitForTextSettled(kRestorePane)) << c->View().Text();
