@@ -9,6 +9,10 @@
 
 namespace SimHost::Tools {
 
+namespace {
+constexpr int kMaxCount = 1000;
+} // namespace
+
 int Tesping(const Call& call) {
     const auto& a = call.args;
     if (a.empty() || a.back().empty() || a.back()[0] == '-')
@@ -16,9 +20,17 @@ int Tesping(const Call& call) {
     std::string address = a.back();
     std::string bare = address.substr(0, address.find('%')); // fe80::1%tes0 answers as fe80::1
     std::string iface = Option(a, "-I");
+    // Replies come at once, so a huge count would only flood the caller: take what a person would type.
     int count = 3;
-    if (std::string c = Option(a, "-c"); !c.empty())
-        count = std::max(1, std::atoi(c.c_str()));
+    if (std::find(a.begin(), a.end() - 1, "-c") != a.end() - 1) {
+        const std::string c = Option(a, "-c");
+        if (c.empty() || c.size() > 4 || c.find_first_not_of("0123456789") != std::string::npos ||
+            std::stoi(c) < 1 || std::stoi(c) > kMaxCount)
+            return Complain(
+                call, "bad number of packets to transmit: " + c + " (1-" + std::to_string(kMaxCount) + ")",
+                2);
+        count = std::stoi(c);
+    }
 
     Json state = Load(call.dir);
     if (!iface.empty()) {

@@ -99,6 +99,19 @@ TEST_F(SimHostTools, LiveCoreOnlyOfARunningAgentAndInsideTheHost) {
     EXPECT_EQ(Tool("/sbin/tesbacktrace -w -n stewd -o stopped -d /var/log/").code, 1);
 }
 
+TEST_F(SimHostTools, PingCountIsAWholeNumberAPersonWouldType) {
+    // A count in the millions once held a fuzzing run for minutes, printing replies.
+    const struct {
+        const char* count;
+        int code;
+    } cases[] = {{"3", 0}, {"1000", 0}, {"1001", 2}, {"48809758", 2},
+                 {"0", 2}, {"-5", 2},   {"3x", 2},   {"", 2}};
+    for (const auto& c : cases) {
+        ProgramResult r = RunProgram(dir_ + "/bin/tesping", {"tesping", "-c", c.count, "192.0.2.1"});
+        EXPECT_EQ(r.code, c.code) << "count '" << c.count << "': " << r.err;
+    }
+}
+
 TEST_F(SimHostTools, ResetRestoresConfigurationButNotTheMachine) {
     Change([](Json& s) {
         s["services"]["SSH"] = {{"running", true}, {"enabled", true}};
