@@ -117,34 +117,53 @@ void RemoveStaleTempFiles(const std::string& path) {
     closedir(d);
 }
 
+// Closes the temp file on every way out, thrown or not.
+struct FdCloser {
+    int fd;
+    ~FdCloser() {
+        if (fd >= 0)
+            close(fd);
+    }
+};
+
 void WriteUnlocked(const std::string& dir, const Json& state) {
     std::string path = StatePath(dir);
-    RemoveStaleTempFiles(path);
-    std::string tmp = path + ".tmp." + std::to_string(getpid());
-    // Readable by its owner only: it holds the users' passwords.
-    int fd = open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (fd < 0)
-        throw StoreError(ErrnoText("cannot write", tmp));
-    std::string text = state.dump(2);
+    // Text first: a value JSON cannot carry (a string that is not UTF-8) fails here, before any file is
+    // opened; the state on disk is untouched then, so the message names the value, not the file.
+    std::string text;
+    try {
+        text = state.dump(2);
+    } catch (const Json::exception& e) {
+        throw StoreError("cannot store the change in " + path + ": " + e.what());
+    }
     text.push_back('\n');
     struct WipeAtEnd {
         std::string& text;
         ~WipeAtEnd() { Wipe(text); }
     } wipeText{text};
+    RemoveStaleTempFiles(path);
+    std::string tmp = path + ".tmp." + std::to_string(getpid());
+    // Readable by its owner only: it holds the users' passwords.
+    FdCloser file{open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600)};
+    if (file.fd < 0)
+        throw StoreError(ErrnoText("cannot write", tmp));
     size_t done = 0;
     while (done < text.size()) {
-        ssize_t n = write(fd, text.data() + done, text.size() - done);
+        ssize_t n = write(file.fd, text.data() + done, text.size() - done);
         if (n < 0 && errno == EINTR)
             continue;
         if (n <= 0) {
             std::string err = ErrnoText("cannot write", tmp);
-            close(fd);
             unlink(tmp.c_str());
             throw StoreError(err);
         }
         done += static_cast<size_t>(n);
     }
-    if (fsync(fd) != 0 || close(fd) != 0) {
+    const int fd = file.fd;
+    file.fd = -1; // close's own result matters: a failed close may be a lost write
+    const bool synced = fsync(fd) == 0;
+    const bool closed = close(fd) == 0; // closed even when the sync failed
+    if (!synced || !closed) {
         unlink(tmp.c_str());
         throw StoreError(ErrnoText("cannot flush", tmp));
     }

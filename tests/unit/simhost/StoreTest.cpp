@@ -141,6 +141,19 @@ TEST(SimHostStore, WronglyTypedStateNamesTheFile) {
         EXPECT_NE(std::string(e.what()).find(path), std::string::npos) << e.what();
     }
     EXPECT_EQ(SimHost::Load(dir)["power"], 5) << "nothing written";
+
+    // A string JSON cannot carry fails before any file is opened: no descriptor or temp file is left (a
+    // long-lived writer once ran out of descriptors this way).
+    auto entries = [](const std::string& folder) {
+        return std::distance(std::filesystem::directory_iterator(folder), {});
+    };
+    const auto fds = entries("/proc/self/fd"), files = entries(dir + "/etc/simhost");
+    for (int i = 0; i < 3; ++i)
+        EXPECT_THROW(SimHost::Transact(dir, [](Json& s) { s["name"] = "bad \xff byte"; }),
+                     SimHost::StoreError);
+    EXPECT_EQ(entries("/proc/self/fd"), fds);
+    EXPECT_EQ(entries(dir + "/etc/simhost"), files);
+    EXPECT_EQ(SimHost::Load(dir)["power"], 5);
     for (const char* command : {"power", "power-on"}) {
         ProgramResult r = RunProgram(BuildDir() + "/simhost", {"simhost", command, dir});
         EXPECT_EQ(r.code, 1) << command;
