@@ -6,7 +6,6 @@
 #include "ui/TextIds.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 
 namespace Tarn {
@@ -105,10 +104,15 @@ std::string MemoryFigure(uint64_t totalBytes) {
         unit *= 1024;
         ++step;
     }
-    float tenths = std::round(static_cast<float>(totalBytes) * 10.0f / static_cast<float>(unit));
-    float value = tenths / 10.0f;
+    // Single precision, rounded half away from zero. Done by hand: the value is below 2^24, so the
+    // truncation and the fraction are exact, and the console need not map the maths library for one call.
+    const float scaled = static_cast<float>(totalBytes) * 10.0f / static_cast<float>(unit);
+    auto whole = static_cast<uint32_t>(scaled);
+    if (scaled - static_cast<float>(whole) >= 0.5f)
+        ++whole;
+    const float value = static_cast<float>(whole) / 10.0f;
     char buffer[64];
-    if (std::fmod(tenths, 10.0f) == 0.0f)
+    if (whole % 10 == 0)
         std::snprintf(buffer, sizeof buffer, "%.0f %ciB Memory", value, units[step]);
     else
         std::snprintf(buffer, sizeof buffer, "%.1f %ciB Memory", value, units[step]);

@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
+
 namespace Tarn {
 namespace {
 
@@ -71,6 +74,19 @@ TEST(WelcomeText, WarningHardwareAndMemory) {
     EXPECT_EQ(MemoryFigure(uint64_t(31.9 * GiB)), "31.9 GiB Memory");
     EXPECT_EQ(MemoryFigure(1536 * MiB), "1.5 GiB Memory");
     EXPECT_EQ(MemoryFigure(2 * (GiB << 10)), "2 TiB Memory");
+    // The rounding against the maths library's, over every unit and the halfway points between tenths.
+    for (uint64_t unit : {MiB, GiB, GiB << 10, GiB << 20})
+        for (uint64_t tenths = 0; tenths < 10240; tenths += 7)
+            for (int64_t nudge : {-1, 0, 1}) {
+                const uint64_t total = (2 * tenths + 1) * unit / 20 + nudge;
+                uint64_t u = MiB;
+                while (u < (GiB << 20) && total >= u * 1024)
+                    u *= 1024;
+                const float t = std::round(static_cast<float>(total) * 10.0f / static_cast<float>(u));
+                char want[64];
+                std::snprintf(want, sizeof want, std::fmod(t, 10.0f) == 0.0f ? "%.0f" : "%.1f", t / 10.0f);
+                ASSERT_EQ(MemoryFigure(total).substr(0, MemoryFigure(total).find(' ')), want) << total;
+            }
     EXPECT_EQ(CpuAndMemoryText(1, " Xeon   Gold ", 262144, 4096), "Xeon Gold\n1 GiB Memory");
     EXPECT_EQ(CpuAndMemoryText(2, "Xeon", 262144, 4096), "2 x Xeon\n1 GiB Memory");
 }
