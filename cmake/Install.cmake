@@ -4,7 +4,12 @@
 # PAM service for a real host, the systemd template unit (installed, not enabled) and the licence.
 set(TARN_STAGE ${PROJECT_BINARY_DIR}/install-stage)
 
-install(TARGETS tarn RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
+# The console as Debian expects it, with the shared C++ runtime (see cmake/ConsoleLink.cmake).
+if(TARGET tarn_packaged)
+  install(TARGETS tarn_packaged RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
+else()
+  install(TARGETS tarn RUNTIME DESTINATION ${CMAKE_INSTALL_SBINDIR})
+endif()
 install(TARGETS simhost simhost-tool RUNTIME DESTINATION ${TARN_PKGLIBEXECDIR})
 install(TARGETS pam_simhost LIBRARY DESTINATION ${TARN_PKGLIBEXECDIR}
         PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)

@@ -80,6 +80,7 @@ verify_unit() {
 check "systemd-analyze verify accepts tarn@tty2.service" verify_unit
 
 echo "== the installed programs"
+check "tarn links the shared C++ runtime" grep -q 'NEEDED.*libstdc++' <(readelf -d "$root/usr/sbin/tarn")
 check "tarn --version prints $version" test "$("$root/usr/sbin/tarn" --version 2>&1)" = "tarn $version"
 check "man shows tarn(8)" grep -q TARN_HOST <(MANWIDTH=80 man -l "$root/usr/share/man/man8/tarn.8.gz" 2>/dev/null)
 host=$work/host
