@@ -3,19 +3,18 @@
 
 #include "core/EventLoop.h"
 #include "core/Keys.h"
+#include "ui/InputItem.h"
 #include "ui/ItemList.h"
 #include "ui/RunWindow.h"
+#include "ui/ScreenUpdate.h"
 #include "ui/StandardDialogs.h"
 
 namespace Tarn {
 namespace {
 
-// The cursor shows while the form is open, on every way out (an idle time-out included).
+// The cursor is hidden again on every way out of the form (an idle time-out included).
 struct CursorShown {
-    explicit CursorShown(bool show) : show_(show) {
-        if (show_)
-            Window::ShowCursor(true);
-    }
+    explicit CursorShown(bool show) : show_(show) {}
     ~CursorShown() {
         if (show_)
             Window::ShowCursor(false);
@@ -61,11 +60,23 @@ void FormDialog::Refuse(const FormError& error) {
     RunWindow(&message);
 }
 
+void FormDialog::FollowFocus() {
+    if (!showCursor_)
+        return;
+    // On a radio button or a check box the cursor would stand in whichever field was drawn last.
+    const bool inField = list_ != nullptr && dynamic_cast<InputItem*>(list_->FocusedItem()) != nullptr;
+    if (inField != Window::CursorVisible())
+        Window::ShowCursor(inField);
+}
+
 int FormDialog::Foreground() {
     CursorShown cursor(showCursor_);
-    if (showCursor_)
+    FollowFocus();
+    if (showCursor_ && Window::CursorVisible())
         Draw(true); // again, now that the cursor shows: the focused field places it
     for (;;) {
+        // Nested dialogs and the key hook may have shown or hidden the cursor, or moved the focus.
+        FollowFocus();
         const int key = GetKey(this, true);
         FormKey action = hook_ ? hook_(key) : FormKey::Unused;
         if (action == FormKey::Unused) {
@@ -73,8 +84,11 @@ int FormDialog::Foreground() {
                 action = FormKey::Cancel;
             else if (key == Key::Enter)
                 action = FormKey::Accept;
-            else if (list_ != nullptr)
+            else if (list_ != nullptr) {
+                ScreenUpdate update; // the cursor leaves or enters a field in the same update as the focus
                 list_->OnKey(key);
+                FollowFocus();
+            }
         }
         if (action == FormKey::Cancel)
             return 0;

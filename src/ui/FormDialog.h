@@ -53,7 +53,7 @@ public:
     // Run on Enter; empty: the form is accepted. Without a validator every form is accepted.
     void SetValidator(Validator validator) { validator_ = std::move(validator); }
     void SetKeyHook(KeyHook hook) { hook_ = std::move(hook); }
-    // Shows the terminal cursor while the form runs (forms with input fields), placed in the focused field.
+    // Shows the terminal cursor while an input field of the form has the focus, placed in that field.
     void SetShowCursor(bool show) { showCursor_ = show; }
 
     // Runs the dialog modally: true when accepted, false on Esc. TarnTimeout passes through.
@@ -69,6 +69,8 @@ protected:
     void Refuse(const FormError& error);
 
 private:
+    void FollowFocus();
+
     ItemList* list_ = nullptr;
     Validator validator_;
     KeyHook hook_;

@@ -225,6 +225,10 @@ void Window::ShowCursor(bool visible) {
         Flush();
 }
 
+bool Window::CursorVisible() {
+    return gCursor.visible != 0;
+}
+
 Frame::Frame(Frame* parentFrame, int column, int row, int width, int height, int background, int foreground)
     : Window(column, row, width, height, background, foreground), parentFrame_(parentFrame),
       strings_(StringFactory::Get("en_US")) {}

@@ -40,6 +40,7 @@ public:
     void DrawBorder();
     void MoveCursor(int column, int row);
     static void ShowCursor(bool visible);
+    static bool CursorVisible();
 
     // Creates a child of type T owned by this window; returns a non-owning pointer.
     template <class T, class... Args> T* AddChild(Args&&... args) {

@@ -61,7 +61,12 @@ TEST(Network, StaticIpv4AppliedWithYEscKeepsChangesNDropsThem) {
 
     OpenEntry(c, 2, "Subnet Mask: 255.255.255.0", "Set static IPv4 address");
     SaveScreenshot(c->View(), "ipv4-dialog");
+    // The text cursor shows only while a field has the focus, not on the radio buttons above the fields.
+    EXPECT_FALSE(c->View().CursorVisible());
     Keys(c, "Down", 3);
+    c->WaitQuiet(100ms);
+    EXPECT_TRUE(c->View().CursorVisible());
+    EXPECT_EQ(c->View().Cursor().row, c->Find("[ 192.0.2.10").value_or(Pos{}).row);
     c->Type("192.0.2.20");
     Accept(c, "IPv4 Address: 192.0.2.20");
 
