@@ -186,6 +186,18 @@ private:
                 ++length;
         }
         int start = align_ == AlignMode::Right ? width_ - length : (width_ - length) / 2;
+        if (!cells_.empty()) {
+            // Text before it on the line keeps a blank between them; aligned text that then no longer fits
+            // beside it starts the next line rather than running on into it.
+            const int after = static_cast<int>(cells_.size()) + (cells_.back().blank ? 0 : 1);
+            if (after + length > width_) {
+                EndLine();
+                if (full_)
+                    return;
+            } else {
+                start = std::max(start, after);
+            }
+        }
         PadTo(start);
     }
 
