@@ -48,8 +48,11 @@ PaneText MenuPane(const StringFactory& strings, unsigned id, const MenuPaneFacts
     }
     pane.footer = std::string(action != nullptr ? action : "") + kLogOut;
     // The reminder stays in view whatever the operator looks at, until the password is set.
-    if (facts.emptyPassword)
-        pane.body += "\n\n" + std::string(strings.GetString(TextId::ChangeDefaultPasswordReminder));
+    // One blank row above it, also below a body that ends with a line break (support page, log list).
+    if (facts.emptyPassword) {
+        pane.body += pane.body.ends_with('\n') ? "\n" : "\n\n";
+        pane.body += strings.GetString(TextId::ChangeDefaultPasswordReminder);
+    }
     return pane;
 }
 

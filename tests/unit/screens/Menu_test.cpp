@@ -190,11 +190,16 @@ TEST(MenuPanes, BodiesCarryTheirFactsAndTheEmptyPasswordReminder) {
     EXPECT_EQ(Pane(7, facts).find("IPv"), std::string::npos);
 
     const std::string reminder = "Change default password to prevent unauthorized access";
+    facts.supportPage = "{color:light-grey}line{/color}\n{align:right}<Page Down>{/align}\n";
+    facts.logList = "<1> Syslog\n";
     for (unsigned id : {5u, 6u, 7u, 8u, 9u, 10u, 11u, 12u, 13u, 14u, 15u}) {
         facts.emptyPassword = false;
         EXPECT_EQ(Pane(id, facts).find(reminder), std::string::npos) << id;
         facts.emptyPassword = true;
-        EXPECT_NE(Pane(id, facts).find(reminder), std::string::npos) << id;
+        // One blank row above the reminder, whether or not the body ends with a line break.
+        const std::string body = Pane(id, facts);
+        EXPECT_TRUE(body.ends_with("\n\n" + reminder)) << id;
+        EXPECT_FALSE(body.ends_with("\n\n\n" + reminder)) << id;
     }
 }
 
