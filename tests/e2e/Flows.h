@@ -4,6 +4,7 @@
 
 #include "harness/Console.h"
 
+#include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -50,6 +51,14 @@ inline bool WaitForSyslog(Console& c, const std::string& text) {
         c->Pump(20ms);
         return !c.Host().SyslogMatching(text).empty();
     });
+}
+
+using Calls = std::vector<std::vector<std::string>>;
+
+// The tool calls made after the first `before` ones.
+inline Calls CallsSince(const TestHost& host, size_t before) {
+    Calls all = host.ToolCalls();
+    return Calls(all.begin() + static_cast<long>(std::min(before, all.size())), all.end());
 }
 
 inline std::vector<std::string> Events(const TestHost& host) {

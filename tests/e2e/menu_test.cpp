@@ -85,16 +85,6 @@ TEST(Menu, FreshHostSessionsChangeTheEmptyPasswordAndLogOut) {
     EXPECT_EQ(audit.back()["pairs"], (nlohmann::json{{"reason", "Session closed"}}));
 }
 
-// 80x25 is a Linux console's size: there the menu names itself and shows every task name whole.
-TEST(Menu, HeadingAndWholeLabelsAtEightyByTwentyFive) {
-    Console c({.rows = 25, .cols = 80});
-    LogInAsRoot(c);
-    EXPECT_TRUE(c->View().Contains("System Customization")) << c->View().Text();
-    for (const char* label : {"Configure Management Network", "Restart Management Network",
-                              "Reset System Configuration", "Configure Lockdown Mode"})
-        EXPECT_TRUE(c->View().Contains(label)) << label << "\n" << c->View().Text();
-}
-
 TEST(Menu, EntriesThatCannotBeChosenAreGreyedAndSkipped) {
     // The management interface goes away while the menu shows: restarting it reports that, and the menu,
     // asking the host again, greys the network entries and skips them. (The other enabling rules are the

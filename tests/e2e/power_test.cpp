@@ -10,18 +10,10 @@
 namespace e2e {
 namespace {
 
-using Calls = std::vector<std::vector<std::string>>;
-
 constexpr const char* kCheckItem = "Forcefully terminate running VMs, if any ...";
 
 void OpenShutdown(Console& c) {
     LogInAsRoot(c, "F12", kCheckItem);
-}
-
-// The calls made after the first `before` ones.
-Calls CallsSince(const TestHost& host, size_t before) {
-    Calls all = host.ToolCalls();
-    return Calls(all.begin() + static_cast<long>(std::min(before, all.size())), all.end());
 }
 
 // What stopping the virtual machines records: autostop as root, refused (255) by the default host and run

@@ -15,12 +15,7 @@ void OpenRestoreOptions(Console& c) {
     ASSERT_TRUE(c->WaitForTextSettled("Create a new standard virtual")) << c->View().Text();
 }
 
-// Moves down in the restore screen until the pane shows `text`.
-void Select(Console& c, const std::string& text) {
-    MoveTo(c, text);
-}
-
-// The same, upwards.
+// Moves up in the restore screen until the pane shows `text` (MoveTo moves down).
 void SelectAbove(Console& c, const std::string& text) {
     for (int i = 0; i < 6 && !c->View().Contains(text); ++i) {
         c->Key("Up");
@@ -31,7 +26,7 @@ void SelectAbove(Console& c, const std::string& text) {
 
 void StartFactoryRestore(Console& c) {
     OpenRestoreOptions(c);
-    Select(c, "Restoring the network settings will revert");
+    MoveTo(c, "Restoring the network settings will revert");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Are you sure you want to reset")) << c->View().Text();
     c->Key("F11");
@@ -98,7 +93,7 @@ TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) 
                                          {"portGroups", nlohmann::json::array()}});
     });
     OpenRestoreOptions(c);
-    Select(c, "Try Restore kDS option");
+    MoveTo(c, "Try Restore kDS option");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Move the management network onto a standard switch?"))
         << c->View().Text();
@@ -136,7 +131,7 @@ TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
     EXPECT_EQ(c->View().Find("Network Restore Options")->row, 0) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("<Esc> Exit")) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("Migrate Tessel NIC to Standard Switch")) << "the list shows whole names";
-    Select(c, "Restoring the network settings");
+    MoveTo(c, "Restoring the network settings");
     c->Key("Down");
     EXPECT_TRUE(c->WaitQuiet(100ms));
     EXPECT_TRUE(c->View().Contains("Restoring the network settings")) << c->View().Text();
@@ -155,7 +150,7 @@ TEST(Restore, RestoreKdsThenMigrateTheManagementTesnicOnDvs) {
     Console c(Roomy("dvs"));
     const TestHost& host = c.Host();
     OpenRestoreOptions(c);
-    Select(c, "Reconfigure properties of misconfigured kDS");
+    MoveTo(c, "Reconfigure properties of misconfigured kDS");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("VLAN ID:")) << c->View().Text();
     c->Type("20");

