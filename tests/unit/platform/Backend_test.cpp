@@ -87,7 +87,8 @@ TEST(HostPathNormalizing, Lexical) {
 TEST_F(BackendTest, DefaultDirectory) {
     const std::string local = "/home/u/.local/state/tarn/simhost";
     const std::tuple<const char*, const char*, std::string> cases[] = {
-        // XDG_STATE_HOME, HOME, expected{"/state/", "/home/u", "/state/tarn/simhost"},
+        // XDG_STATE_HOME, HOME, expected
+        {"/state/", "/home/u", "/state/tarn/simhost"},
         {"relative/state", "/home/u", local},
         {"", "/home/u", local},
         {nullptr, "/home/u", local},
