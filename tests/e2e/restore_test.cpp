@@ -105,26 +105,10 @@ TEST(Restore, RestoreStandardSwitchOnDvsCreatesTheNextFreeSwitchAndGreysItself) 
     EXPECT_TRUE(c->WaitForText("Restoring the network settings will revert")) << c->View().Text();
 }
 
-TEST(Restore, CreateSwitchWithUplinkInUseAnsweredNoCreatesNothing) {
-    Console c(Roomy());
-    const TestHost& host = c.Host();
-    OpenRestoreOptions(c);
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
-    c->Type("kSwitch7");
-    c->Key("Enter"); // the first NIC is marked, and kSwitch0 uses it
-    ASSERT_TRUE(c->WaitForTextSettled("\"kSwitch0\".")) << c->View().Text();
-    c->Type("N");
-    ASSERT_TRUE(c->WaitForTextSettled("Operation Cancelled")) << c->View().Text();
-    c->Key("Enter");
-    ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
-    EXPECT_EQ(host.State()["standardSwitches"].size(), 1u);
-    c->Key("Esc");
-    EXPECT_TRUE(c->WaitForTextSettled("Create a new standard virtual")) << c->View().Text();
-}
-
-TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
+TEST(Restore, AtEightyColumnsASwitchOnAnUplinkInUseAnsweredNoAndAnExistingPortGroupCreateNothing) {
     Console c({.scenario = "default", .rows = 25, .cols = 80});
+    const TestHost& host = c.Host();
+    const auto before = host.State()["standardSwitches"];
     OpenRestoreOptions(c);
     // At 80 columns: the heading, the entry names and the footer whole. The management network is on a
     // standard switch, so the cursor cannot reach the two entries below the factory restore.
@@ -144,6 +128,22 @@ TEST(Restore, CreatePortGroupWithAnExistingNameFailsAndStaysOpen) {
     EXPECT_TRUE(c->View().Contains("Please check the syslog for more information."));
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Portgroup Name:")) << c->View().Text();
+    c->Key("Esc");
+    ASSERT_TRUE(c->WaitForTextGone("Portgroup Name:")) << c->View().Text();
+    ASSERT_TRUE(c->WaitQuiet(60ms));
+
+    // The first entry: a new switch on the first NIC, which kSwitch0 uses.
+    SelectAbove(c, "Create a new standard virtual");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
+    c->Type("kSwitch7");
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("\"kSwitch0\".")) << c->View().Text();
+    c->Type("N");
+    ASSERT_TRUE(c->WaitForTextSettled("Operation Cancelled")) << c->View().Text();
+    c->Key("Enter");
+    ASSERT_TRUE(c->WaitForTextSettled("kSwitch Name:")) << c->View().Text();
+    EXPECT_EQ(host.State()["standardSwitches"], before);
 }
 
 TEST(Restore, RestoreKdsThenMigrateTheManagementTesnicOnDvs) {

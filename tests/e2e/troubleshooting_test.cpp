@@ -92,7 +92,7 @@ TEST(Troubleshooting, WholeTitlesAtEightyByTwentyFiveAndBothServicesToggled) {
 }
 
 // Which commands a time-out runs, and which services it restarts, are the unit tests'; here the dialog.
-TEST(Troubleshooting, ShellTimeoutsTakeDigitsRefuse1441AndShowWhatIsStored) {
+TEST(Troubleshooting, ShellTimeoutsRefuse1441AndShowWhatIsStoredThenTheConsoleTimeoutStoresSeconds) {
     Console c(Roomy());
     const TestHost& host = c.Host();
     OpenTroubleshooting(c);
@@ -125,17 +125,12 @@ TEST(Troubleshooting, ShellTimeoutsTakeDigitsRefuse1441AndShowWhatIsStored) {
     ASSERT_TRUE(c->WaitForTextGone("Availability timeout")) << c->View().Text();
     ASSERT_TRUE(WaitForSyslog(c, "Modified shell interactive timeout to 5 minutes"));
     EXPECT_EQ(Option(host, "/UserVars/CorlaShellInteractiveTimeOut"), 300);
-}
 
-// The refusal of 1441 is the shell time-outs' dialog above and a unit table; here the field's width.
-TEST(Troubleshooting, ConsoleTimeoutStores1440InSeconds) {
-    Console c(Roomy());
-    const TestHost& host = c.Host();
-    OpenTroubleshooting(c);
+    // The console's own time-out (its refusal of 1441 is the shell's above and a unit table): typed over
+    // the shown value; the input takes five characters, so the last "9" is dropped.
     Select(c, "Modify the number of idle minutes");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
-    // Typed over the shown value; the input takes five characters, so the last "9" is dropped.
     c->Type("014409");
     c->Key("Enter");
     ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1440 minutes"));
