@@ -156,9 +156,9 @@ TEST(Troubleshooting, RestartAgentsEscRunsNothingF11WithTheLiveCore) {
     EXPECT_TRUE(Actions(CallsSince(host, before)).empty());
     EXPECT_TRUE(Events(host).empty());
 
-    // The run without the live core is a unit test (AgentRestart).
+    // The calls, the event and the run without the live core are unit tests (AgentRestart): the progress
+    // texts below are the restart's own, with the live core collected.
     ASSERT_TRUE(c->WaitForTextSettled("The management agents are the programs", 50ms));
-    before = host.ToolCalls().size();
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Restart management agents now?", 50ms)) << c->View().Text();
     c->Type(" ");
@@ -169,14 +169,6 @@ TEST(Troubleshooting, RestartAgentsEscRunsNothingF11WithTheLiveCore) {
     EXPECT_TRUE(c->View().Contains("Stopping management agents. Done."));
     EXPECT_TRUE(c->View().Contains("Collecting host agent live core information. Done."));
     SaveScreenshot(c->View(), "restart-agents");
-    Calls calls = CallsSince(host, before);
-    EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "stop"}));
-    EXPECT_TRUE(Called(calls, {"/sbin/svcctl.sh", "start"}));
-    EXPECT_TRUE(std::ranges::any_of(calls, [](const auto& call) {
-        return call[0].ends_with("/sbin/tesbacktrace");
-    })) << nlohmann::json(calls).dump();
-    EXPECT_EQ(Events(host),
-              std::vector<std::string>{"@&!*@*@(obe.user.tarn.restarting.hostagents)Restarting host agents"});
 }
 
 void OpenReset(Console& c) {
