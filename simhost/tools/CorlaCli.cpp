@@ -9,6 +9,7 @@ namespace SimHost::Tools {
 namespace {
 
 constexpr int kDefaultPorts = 128;
+constexpr int kMaxPorts = 4096;
 
 bool Starts(const std::vector<std::string>& words, std::initializer_list<const char*> prefix) {
     return words.size() >= prefix.size() && std::equal(prefix.begin(), prefix.end(), words.begin());
@@ -43,15 +44,17 @@ int AddSwitch(const Call& call, const std::vector<std::string>& a) {
     std::string ports = Option(a, "-P");
     if (name.empty())
         return Error("Missing required parameter -v|--kswitch-name");
+    const std::optional<int> count = ports.empty() ? kDefaultPorts : CountArgument(ports, 1, kMaxPorts);
+    if (!count)
+        return Error("Invalid number of ports: " + ports + " (1-" + std::to_string(kMaxPorts) + ")");
     std::string error;
     Transact(call.dir, [&](Json& s) {
         if (SwitchExists(s, name)) {
             error = "A portset with this name already exists";
             return;
         }
-        int count = ports.empty() ? kDefaultPorts : std::stoi(ports);
         s["standardSwitches"].push_back(
-            {{"name", name}, {"ports", count}, {"uplinks", Json::array()}, {"portGroups", Json::array()}});
+            {{"name", name}, {"ports", *count}, {"uplinks", Json::array()}, {"portGroups", Json::array()}});
     });
     return error.empty() ? 0 : Error(error);
 }

@@ -5,6 +5,7 @@
 #include "simhost/model/CallLog.h"
 
 #include <cerrno>
+#include <charconv>
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
@@ -94,6 +95,15 @@ std::string Option(const std::vector<std::string>& args, const std::string& flag
         if (args[i] == flag)
             return args[i + 1];
     return "";
+}
+
+std::optional<int> CountArgument(const std::string& text, int low, int high) {
+    int value = 0;
+    const char* end = text.data() + text.size();
+    auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (text.empty() || text[0] == '-' || error != std::errc() || stop != end || value < low || value > high)
+        return std::nullopt;
+    return value;
 }
 
 Json* FindNamed(Json& array, const std::string& name) {

@@ -24,12 +24,12 @@ int Tesping(const Call& call) {
     int count = 3;
     if (std::find(a.begin(), a.end() - 1, "-c") != a.end() - 1) {
         const std::string c = Option(a, "-c");
-        if (c.empty() || c.size() > 4 || c.find_first_not_of("0123456789") != std::string::npos ||
-            std::stoi(c) < 1 || std::stoi(c) > kMaxCount)
+        const std::optional<int> n = CountArgument(c, 1, kMaxCount);
+        if (!n)
             return Complain(
                 call, "bad number of packets to transmit: " + c + " (1-" + std::to_string(kMaxCount) + ")",
                 2);
-        count = std::stoi(c);
+        count = *n;
     }
 
     Json state = Load(call.dir);

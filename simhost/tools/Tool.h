@@ -5,6 +5,7 @@
 #include "simhost/model/JsonNumber.h"
 #include "simhost/model/Store.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,9 @@ int RunCall(const Call& call);
 
 // Value of option `flag` ("-v") in `args`, "" when absent.
 std::string Option(const std::vector<std::string>& args, const std::string& flag);
+
+// `text` as a whole number from `low` to `high` (digits only); nullopt for anything else.
+std::optional<int> CountArgument(const std::string& text, int low, int high);
 
 // Finds the element of `array` whose "name" equals `name`; nullptr when none.
 Json* FindNamed(Json& array, const std::string& name);

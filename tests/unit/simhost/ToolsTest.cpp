@@ -99,16 +99,22 @@ TEST_F(SimHostTools, LiveCoreOnlyOfARunningAgentAndInsideTheHost) {
     EXPECT_EQ(Tool("/sbin/tesbacktrace -w -n stewd -o stopped -d /var/log/").code, 1);
 }
 
-TEST_F(SimHostTools, PingCountIsAWholeNumberAPersonWouldType) {
-    // A count in the millions once held a fuzzing run for minutes, printing replies.
+TEST_F(SimHostTools, CountsAreWholeNumbersAPersonWouldType) {
+    // A ping count in the millions once held a fuzzing run for minutes, printing replies; a port count that
+    // was not a number ended as "unexpected state". An empty -P takes the default.
     const struct {
         const char* count;
-        int code;
-    } cases[] = {{"3", 0}, {"1000", 0}, {"1001", 2}, {"48809758", 2},
-                 {"0", 2}, {"-5", 2},   {"3x", 2},   {"", 2}};
+        int ping, ports;
+    } cases[] = {{"3", 0, 0}, {"1000", 0, 0}, {"1001", 2, 0}, {"4097", 2, 1}, {"48809758", 2, 1},
+                 {"0", 2, 1}, {"-5", 2, 1},   {"3x", 2, 1},   {"", 2, 0},     {"+3", 2, 1}};
     for (const auto& c : cases) {
         ProgramResult r = RunProgram(dir_ + "/bin/tesping", {"tesping", "-c", c.count, "192.0.2.1"});
-        EXPECT_EQ(r.code, c.code) << "count '" << c.count << "': " << r.err;
+        EXPECT_EQ(r.code, c.ping) << "count '" << c.count << "': " << r.err;
+        const std::string name = "sw" + std::to_string(&c - cases);
+        r = RunProgram(dir_ + "/bin/corlacli",
+                       {"corlacli", "network", "kswitch", "standard", "add", "-v", name, "-P", c.count});
+        EXPECT_EQ(r.code, c.ports) << "ports '" << c.count << "': " << r.out;
+        EXPECT_EQ(r.out.find("Invalid number of ports") != std::string::npos, c.ports != 0) << r.out;
     }
 }
 
