@@ -23,7 +23,6 @@ public:
     Console(TestHost& host, const ConsoleOptions& options);
 
     TestHost& Host() { return *host_; }
-    Terminal& Term() { return *term_; }
     Terminal* operator->() { return term_.get(); }
 
 private:

@@ -40,8 +40,6 @@ std::optional<ProcStats> ReadProcStats(pid_t pid) {
         in >> key >> value;
         if (key == "VmHWM:")
             s.peakRssKb = value, any = true;
-        else if (key == "VmRSS:")
-            s.rssKb = value;
         else if (key == "voluntary_ctxt_switches:")
             s.voluntarySwitches = value;
         else if (key == "nonvoluntary_ctxt_switches:")

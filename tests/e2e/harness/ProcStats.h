@@ -11,7 +11,6 @@ struct ProcStats {
     long voluntarySwitches = 0;
     long involuntarySwitches = 0;
     long peakRssKb = 0; // VmHWM
-    long rssKb = 0;     // VmRSS
 };
 
 // nullopt once the process is gone (or is a zombie without its status lines).

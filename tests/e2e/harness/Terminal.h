@@ -53,7 +53,6 @@ public:
 
     pid_t Pid() const { return pid_; }
     const Screen& View() const { return screen_; }
-    const std::optional<std::string>& Term() const { return term_; }
     Clock::time_point Started() const { return started_; }
 
     // Input: each call is one write(), so an escape sequence arrives whole.
