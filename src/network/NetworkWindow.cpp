@@ -15,14 +15,12 @@
 #include "ui/RunWindow.h"
 #include "ui/ScreenUpdate.h"
 #include "ui/StandardDialogs.h"
-#include "ui/TextArea.h"
 #include "ui/TextIds.h"
 
 namespace Tarn {
 
 namespace {
 
-constexpr const char* kLeftFooter = "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}";
 constexpr const char* kRightFooter =
     "{color:white}<Enter>{/color}{color:light-grey} Change{/color}{align:right}"
     "{color:white}<Esc> {/color}{color:light-grey}Exit{/color}{/align}";
@@ -70,7 +68,8 @@ private:
 };
 
 NetworkWindow::NetworkWindow(Frame* parent, RestartHost restartHost)
-    : ListSummaryWindow(parent, WidestEntry(*parent)), restartHost_(std::move(restartHost)) {
+    : ListSummaryWindow(parent, parent->Text(TextId::ConfigureManagementNetworkTitle), WidestEntry(*parent)),
+      restartHost_(std::move(restartHost)) {
     outcome_ = OpenManagementNetwork(pending_, management_, dns_, routing_);
     if (outcome_ != OpenOutcome::Ready)
         return;
@@ -79,8 +78,6 @@ NetworkWindow::NetworkWindow(Frame* parent, RestartHost restartHost)
     for (const EntryRow& row : kEntries)
         entries.push_back({Text(row.label), true, !(row.standardSwitchOnly && pending_.onDistributedSwitch)});
     SetEntries(entries);
-    Window* left = LeftPane();
-    left->AddChild<TextArea>(2, left->Height() - 1, left->Width() - 4, 1, -1, -1)->SetText(kLeftFooter);
 }
 
 NetworkWindow::~NetworkWindow() = default;
