@@ -1,5 +1,5 @@
 // The simulated host's tools under any argument vector: each call ends with an exit code, its failures as
-// messages, never a crash or an exception that escapes.
+// messages, never a crash, an exception that escapes or a descriptor left open.
 // Every input starts from the default scenario's state in a private host directory. The state is written
 // again only when a call replaced it (each write is a rename, so a new inode), and the directory is rebuilt
 // now and then so call logs and written cores do not pile up over millions of runs.
@@ -26,6 +26,12 @@ SimHost::Json gInitial;
 struct stat gWritten {};
 bool gFresh = false;
 unsigned gRuns = 0;
+
+// Descriptors the process holds; a count, since a call may leak one and close a lower one.
+long OpenDescriptors() {
+    std::error_code ec;
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd", ec), {});
+}
 
 void RemoveHost() {
     std::error_code ec;
@@ -83,7 +89,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     call.args.push_back(word);
     ResetHost();
+    const long openBefore = OpenDescriptors();
     RunCall(call); // an exception other than the state's own errors ends the run
     gFresh = !StateReplaced();
+    // A descriptor left open shows here at once, not a thousand calls later as a failing open.
+    if (OpenDescriptors() != openBefore)
+        std::abort();
     return 0;
 }
