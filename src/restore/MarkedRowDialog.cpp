@@ -7,9 +7,11 @@
 #include "ui/InputItem.h"
 #include "ui/Item.h"
 #include "ui/ItemList.h"
+#include "ui/Markup.h"
 #include "ui/RunWindow.h"
 #include "ui/StandardDialogs.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace Tarn {
@@ -21,6 +23,16 @@ constexpr const char* kMarkFooter =
     "{color:dark-grey}Toggle Selected{/color}{align:right}{color:black}<Enter>{/color} "
     "{color:dark-grey}OK{/color}  {color:black}<Esc>{/color} {color:dark-grey}Cancel{/color}{/align}";
 constexpr int kFirstRow = 2; // below the name field and the header
+constexpr int kWidth = 80;
+// Columns of the dialog outside a row's text: borders, the content pane's margins, the scroll bar.
+constexpr int kRowMargins = 7;
+
+// At least 80 columns, more when the header's columns need them (the screen may still cut it).
+int WidthFor(const std::string& header) {
+    const std::vector<Markup::Line> lines = Markup::Layout(header, 1 << 10, 1);
+    const int cells = lines.empty() ? 0 : Markup::VisibleLength(Markup::PlainText(lines.front()));
+    return std::max(kWidth, cells + kRowMargins);
+}
 
 } // namespace
 
@@ -37,7 +49,8 @@ bool RunMarkedRowForm(Frame* parent, const MarkedRowForm& definition) {
     if (rows.empty())
         items.push_back(&none);
 
-    FormDialog form(parent, {80, 20, 6}, definition.title, definition.body, kMarkFooter);
+    FormDialog form(parent, {WidthFor(definition.header), 20, 6}, definition.title, definition.body,
+                    kMarkFooter);
     form.SetItems(items);
     form.SetShowCursor(true);
     bool done = false;
