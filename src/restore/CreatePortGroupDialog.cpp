@@ -10,7 +10,6 @@
 namespace Tarn {
 namespace {
 
-constexpr unsigned kCreatePortGroupBody = 276;
 constexpr const char* kSwitchHeader =
     "    {align:padding:20}Device Name{/align}{align:padding:10}Uplinks{/align}{align:padding:15}Port "
     "Groups{/align}{align:padding:12}Used Ports{/align}{align:padding:16}Configured Ports{/align}";
@@ -41,7 +40,7 @@ bool CreatePortGroupDialog(Frame* parent) {
     ScanVirtualSwitches(switches);
     MarkedRowForm form;
     form.title = parent->Text(TextId::CreatePortGroup);
-    form.body = parent->Text(kCreatePortGroupBody);
+    form.body = parent->Text(TextId::CreatePortGroupBody);
     form.nameLabel = parent->Text(TextId::PortGroupNameLabel);
     form.header = kSwitchHeader;
     form.noRows = "No standard switches present";

@@ -15,7 +15,6 @@
 namespace Tarn {
 namespace {
 
-constexpr unsigned kCreateSwitchBody = 287;
 constexpr const char* kNicHeader =
     "    {align:padding:13}Device Name{/align}{align:padding:30}Hardware Label (MAC "
     "Address){/align}Status";
@@ -40,7 +39,7 @@ bool CreateVssDialog(Frame* parent) {
     std::vector<PhysicalNicInfo> nics;
     MarkedRowForm form;
     form.title = parent->Text(TextId::CreateStandardSwitch);
-    form.body = parent->Text(kCreateSwitchBody);
+    form.body = parent->Text(TextId::CreateStandardSwitchBody);
     form.nameLabel = "kSwitch Name: ";
     form.header = kNicHeader;
     form.noRows = "No physical nics present";

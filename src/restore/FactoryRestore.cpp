@@ -10,11 +10,10 @@
 #include "platform/NetworkInfo.h"
 #include "platform/ResourceInfo.h"
 #include "ui/StringFactory.h"
+#include "ui/TextIds.h"
 
 namespace Tarn {
 namespace {
-
-constexpr unsigned kPoweringOff = 208, kAutoConfiguring = 209, kFailed = 222;
 
 bool HasRunningVms() {
     try {
@@ -41,7 +40,7 @@ bool RunFactoryRestore(const StringFactory& texts, ProgressSink& progress,
     if (HasRunningVms()) {
         if (!confirmStopVms())
             return false;
-        halted = progress.Step(texts.GetString(kPoweringOff), HaltGuests);
+        halted = progress.Step(texts.GetString(TextId::PoweringOffVms), HaltGuests);
     }
     TesCtl::Network::NetworkInfoImpl network;
     try {
@@ -49,7 +48,7 @@ bool RunFactoryRestore(const StringFactory& texts, ProgressSink& progress,
     } catch (const HostCtl::Lib::HostCtlException& e) {
         Log(LOG_ERR, "Disabling the network dumper failed: %s", e.what());
         Log(LOG_ERR, "Error auto-configuring network");
-        progress.Append(std::string(texts.GetString(kFailed)) + "\n");
+        progress.Append(std::string(texts.GetString(TextId::Failed)) + "\n");
         return true;
     }
     if (!halted) {
@@ -57,7 +56,7 @@ bool RunFactoryRestore(const StringFactory& texts, ProgressSink& progress,
         Log(LOG_ERR, "Error powering off VMs");
         return true;
     }
-    progress.Step(texts.GetString(kAutoConfiguring), [&] {
+    progress.Step(texts.GetString(TextId::AutoConfiguringNetwork), [&] {
         try {
             Log(LOG_INFO, "Clearing Network Config");
             network.ClearNetworkConfig();

@@ -14,7 +14,6 @@
 namespace Tarn {
 namespace {
 
-constexpr unsigned kMigrateBody = 288;
 constexpr const char* kFooter =
     "{color:black}<Up/Down>{/color} {color:dark-grey}Select{/color}  {color:black}<Space>{/color} "
     "{color:dark-grey}Choose{/color}{align:right}{color:black}<Enter>{/color} {color:dark-grey}OK{/color}  "
@@ -51,11 +50,12 @@ bool MigrateTesnicDialog(Frame* parent) {
         items.push_back(portGroups.back().get());
     }
     Form<Migration> form(
-        parent, {70, 20, 6}, parent->Text(TextId::MigrateTesNicToStandardSwitch), parent->Text(kMigrateBody),
-        kFooter, [&]() -> std::variant<Migration, FormError> {
+        parent, {70, 20, 6}, parent->Text(TextId::MigrateTesNicToStandardSwitch),
+        parent->Text(TextId::MigrateTesNicBody), kFooter, [&]() -> std::variant<Migration, FormError> {
             Migration m{ChosenLabel(tesnics, choices.tesnics), ChosenLabel(portGroups, choices.portGroups)};
             if (m.tesnic.empty() || m.portGroup.empty())
-                return FormError{0, parent->Text(TextId::InvalidArgument), parent->Text(kMigrateBody)};
+                return FormError{0, parent->Text(TextId::InvalidArgument),
+                                 parent->Text(TextId::MigrateTesNicBody)};
             return m;
         });
     form.SetItems(items);
