@@ -67,7 +67,7 @@ std::optional<AdaptersResult> AdaptersDialog::Ask() {
         });
     };
 
-    Form<AdaptersResult> form(parent_, {76, 20, 6}, f.Text(TextId::NetworkAdaptersTitle),
+    Form<AdaptersResult> form(parent_, {76, 20, 7}, f.Text(TextId::NetworkAdaptersTitle),
                               f.Text(TextId::NetworkAdaptersDialogBody), kFooter,
                               [&]() -> std::variant<AdaptersResult, FormError> {
                                   // Every selected adapter is active, unless the selection stayed as it was.

@@ -48,7 +48,7 @@ std::optional<Ipv6Result> IPv6ConfigurationDialog::Ask() {
     // Zones ("%tes0") are part of a scoped address, so the gateway takes any printable text.
     InputItem gateway(f.Text(TextId::DefaultGatewayLabel), gatewayText, -1, FieldFilter::Text);
 
-    Form<Ipv6Result> form(parent_, {72, 20, 7}, f.Text(TextId::Ipv6ConfigurationTitle),
+    Form<Ipv6Result> form(parent_, {72, 20, 8}, f.Text(TextId::Ipv6ConfigurationTitle),
                           f.Text(TextId::Ipv6DialogBody), kRadioFormFooter,
                           [&]() -> std::variant<Ipv6Result, FormError> {
                               Ipv6Input input;

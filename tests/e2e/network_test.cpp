@@ -136,6 +136,7 @@ TEST(Network, DnsVlanAndAdaptersApplyWhileTheGatewayStageFailsThenIpv6OffRestart
     // Adapters: nicx0 and nicx1 dropped, then nicx1 and nicx0 chosen in that order.
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Hardware Label (MAC Address)", 60ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("load-balancing.")) << "the whole description";
     c->Type(" ");
     c->Key("Down");
     c->Type(" ");
@@ -181,6 +182,7 @@ TEST(Network, DnsVlanAndAdaptersApplyWhileTheGatewayStageFailsThenIpv6OffRestart
     // IPv6 switched off asks to reboot, and the host comes back without it.
     OpenNetworkWindow(c);
     OpenEntry(c, 3, "IPv6 Addresses", "Use DHCPv6");
+    EXPECT_TRUE(c->View().Contains("specified:")) << "the whole description";
     c->Type(" "); // the cursor starts on "Disable IPv6"
     Accept(c, "This host can be configured to support IPv6.");
     LeaveAndAnswer(c, "Apply changes and reboot host?", "y");
