@@ -70,7 +70,9 @@ int ListSummaryWindow::Selected() const {
 void ListSummaryWindow::ComposePane() {
     SummaryPane pane = Pane(Selected());
     SetTitle(pane.title);
-    SetBody(pane.body);
+    // A title that wraps takes the row between it and the body: the body starts a row lower.
+    const bool titleWraps = Markup::Layout(pane.title, TitleArea()->Width(), 2).size() > 1;
+    SetBody(titleWraps ? "\n" + pane.body : pane.body);
     SetFooter(pane.footer);
 }
 

@@ -296,7 +296,8 @@ RootWindow::RootWindow(Frame* parentFrame, int widestLabel)
     // The left pane's dark margin already parts the texts from the list: one blank column before them, so
     // that at 80 columns the longest names fit both in the list and as the title beside it.
     const int textWidth = right_->Width() - 3;
-    title_ = new TextArea(right_, 1, 1, textWidth, 1, Color::White, -1);
+    // Two rows: a title too long for one at 80 columns wraps onto the blank row under it.
+    title_ = new TextArea(right_, 1, 1, textWidth, 2, Color::White, -1);
     body_ = new TextArea(right_, 1, 3, textWidth, height_ - 6, Color::LightGrey, -1);
     footer_ = new TextArea(right_, 1, height_ - 2, textWidth, 1, Color::LightGrey, -1);
 }

@@ -115,6 +115,9 @@ TEST(Restore, AtEightyColumnsASwitchOnAnUplinkInUseAnsweredNoAndAnExistingPortGr
     EXPECT_EQ(c->View().Find("Network Restore Options")->row, 0) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("<Esc> Exit")) << c->View().Text();
     EXPECT_TRUE(c->View().Contains("Migrate Tessel NIC to Standard Switch")) << "the list shows whole names";
+    MoveTo(c, "Migrate a tesnic");
+    // Its title is longer than the summary's width: the end wraps onto the row below, the text follows.
+    EXPECT_NE(c->View().Row(2).find("Switch"), std::string::npos) << c->View().Text();
     MoveTo(c, "Restoring the network settings");
     c->Key("Down");
     EXPECT_TRUE(c->WaitQuiet(100ms));
