@@ -70,7 +70,7 @@ bool RestorekDSDialog(Frame* parent) {
         uplinks.push_back(std::make_unique<CheckItem>(uplink, checked));
         items.push_back(uplinks.back().get());
     }
-    Form<PortChoice> form(parent, {70, 19, 7}, parent->Text(TextId::RestoreKdsTitle),
+    Form<PortChoice> form(parent, {72, 19, 7}, parent->Text(TextId::RestoreKdsTitle),
                           parent->Text(TextId::RestoreKdsDialogBody), kFooter,
                           [&]() -> std::variant<PortChoice, FormError> {
                               std::optional<uint16_t> id = ParseVlan(vlan.Value());
