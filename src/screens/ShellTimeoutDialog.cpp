@@ -11,7 +11,7 @@
 namespace Tarn {
 namespace {
 
-constexpr DialogSize kSize = {76, 20, 13};
+constexpr DialogSize kSize = {78, 20, 14};
 
 // Writes one option when its input asks for it; tells the operator about a value out of range (over
 // `window`: the dialog has closed by then).

@@ -12,7 +12,7 @@
 namespace Tarn {
 namespace {
 
-constexpr DialogSize kSize = {70, 15, 7};
+constexpr DialogSize kSize = {70, 15, 9};
 
 } // namespace
 

@@ -99,6 +99,7 @@ TEST(Troubleshooting, ShellTimeoutsRefuse1441AndShowWhatIsStoredThenTheConsoleTi
     Select(c, "Modify the number of minutes that can elapse");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Availability timeout", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("1440 minutes.")) << "the whole description";
     SaveScreenshot(c->View(), "shell-timeouts");
 
     // 1440 for the availability, 1441 for the idle time-out: the first is written, the second refused.
@@ -131,6 +132,7 @@ TEST(Troubleshooting, ShellTimeoutsRefuse1441AndShowWhatIsStoredThenTheConsoleTi
     Select(c, "Modify the number of idle minutes");
     c->Key("Enter");
     ASSERT_TRUE(c->WaitForTextSettled("Set idle timeout for TARN access", 50ms)) << c->View().Text();
+    EXPECT_TRUE(c->View().Contains("1440 minutes.")) << "the whole description";
     c->Type("014409");
     c->Key("Enter");
     ASSERT_TRUE(WaitForSyslog(c, "Modified Tarn timeout to 1440 minutes"));
